@@ -1,0 +1,36 @@
+// Part of every program of a sanitizer build. The sanitizers and the dynamic loader call these, by
+// names of theirs.
+// NOLINTBEGIN(bugprone-reserved-identifier, readability-identifier-naming)
+
+extern "C" {
+const char* __ubsan_default_options()
+{
+    return "print_stacktrace=1";
+}
+
+// System libraries keep what they allocate once. That cannot hide a leak of ours: what matches is
+// the place of the allocation, and it is theirs.
+const char* __lsan_default_suppressions()
+{
+    return "leak:libdbus-1.so\n";
+}
+
+const char* __lsan_default_options()
+{
+    return "print_suppressions=0";
+}
+
+const char* __asan_default_options()
+{
+    return "detect_stack_use_after_return=1";
+}
+
+// A graphics driver keeps its own in global variables; once it is unloaded that looks like leaks
+// of an unknown module. So nothing is unloaded.
+int dlclose(void*)
+{
+    return 0;
+}
+}
+
+// NOLINTEND(bugprone-reserved-identifier, readability-identifier-naming)
