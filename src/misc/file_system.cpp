@@ -1,0 +1,348 @@
+#include "misc/file_system.h"
+
+#include "misc/planned_changes.h"
+
+#include <algorithm>
+#include <boost/filesystem/operations.hpp>
+
+namespace nrd::misc {
+
+namespace fs = boost::filesystem;
+
+namespace {
+
+/// The error with the machine's own path in it, since a host path would mean nothing to a reader.
+filesystem_error error_at(const char* operation, const path& p, const error_code& ec)
+{
+    return {operation, as_error_path(p), ec};
+}
+
+/// True if the change may be tried; otherwise `ec` says why not.
+bool may_change(const path& p, error_code& ec)
+{
+    ec = change_refusal(p);
+    return !ec;
+}
+
+bool may_overwrite(const path& p, error_code& ec)
+{
+    ec = overwrite_refusal(p);
+    return !ec;
+}
+
+/// For a planned change: the failure that the real one would meet at once.
+error_code missing_source(const path& from)
+{
+    return misc::symlink_status(from).type() > fs::file_not_found
+               ? error_code()
+               : make_error_code(boost::system::errc::no_such_file_or_directory);
+}
+
+using copy_operation = void (*)(const fs::path& from, const fs::path& to, error_code& ec);
+
+void copy_with(copy_operation copy, const path& from, const path& to, error_code& ec)
+{
+    if (planned_changes* plan = planned_changes::active()) {
+        ec = missing_source(from);
+        if (!ec) {
+            plan->copy_file(from, to, misc::file_size(from), !missing(to));
+        }
+    } else if (may_overwrite(to, ec)) {
+        copy(to_host(from), to_host(to), ec);
+    }
+}
+
+void remove_tree_forcibly(const path& top, error_code& ec)
+{
+    error_code walk_error;
+    const fs::path host_top = to_host(top);
+    for (fs::recursive_directory_iterator entry(host_top, walk_error), end; entry != end;
+         entry.increment(walk_error)) {
+        make_removable(from_host(entry->path()));
+        if (walk_error) {
+            break;
+        }
+    }
+    make_removable(top);
+    fs::remove_all(host_top, ec);
+}
+
+} // namespace
+
+file_status status(const path& p)
+{
+    if (const planned_changes* plan = planned_changes::active()) {
+        if (const auto planned = plan->status(p)) {
+            return *planned;
+        }
+    }
+    error_code ec;
+    return fs::status(to_host(p), ec);
+}
+
+file_status symlink_status(const path& p)
+{
+    if (const planned_changes* plan = planned_changes::active()) {
+        if (const auto planned = plan->status(p)) {
+            return *planned;
+        }
+    }
+    error_code ec;
+    return fs::symlink_status(to_host(p), ec);
+}
+
+bool missing(const path& p)
+{
+    const file_type type = misc::status(p).type();
+    return type == fs::status_error || type == fs::file_not_found;
+}
+
+bool is_directory(const path& p)
+{
+    return misc::status(p).type() == fs::directory_file;
+}
+
+std::vector<path> directory_entries(const path& folder)
+{
+    const planned_changes* plan = planned_changes::active();
+    const auto planned = plan == nullptr ? std::nullopt : plan->status(folder);
+    std::vector<path> entries;
+    error_code ec;
+    if (planned && planned->type() != fs::directory_file) {
+        ec = make_error_code(boost::system::errc::no_such_file_or_directory);
+    } else if (!planned) {
+        for (fs::directory_iterator entry(to_host(folder), ec), end; !ec && entry != end;
+             entry.increment(ec)) {
+            entries.push_back(folder / from_host_name(entry->path().filename()));
+        }
+    }
+    if (ec) {
+        throw error_at("reading the folder", folder, ec);
+    }
+    if (plan != nullptr) {
+        plan->adjust_entries(folder, entries);
+    }
+    std::vector<std::pair<std::u16string, path>> keyed;
+    keyed.reserve(entries.size());
+    for (path& entry : entries) {
+        std::u16string key = name_key(to_utf16(to_text32(entry.filename())));
+        keyed.emplace_back(std::move(key), std::move(entry));
+    }
+    std::sort(keyed.begin(), keyed.end());
+    std::transform(keyed.begin(), keyed.end(), entries.begin(),
+                   [](auto& each) { return std::move(each.second); });
+    return entries;
+}
+
+std::size_t count_files_below(const path& folder)
+{
+    std::size_t count = 0;
+    for (const path& entry : directory_entries(folder)) {
+        const bool walk_into = misc::symlink_status(entry).type() == fs::directory_file;
+        count += walk_into ? count_files_below(entry) : 1;
+    }
+    return count;
+}
+
+std::uint64_t file_size(const path& p)
+{
+    if (const planned_changes* plan = planned_changes::active()) {
+        if (const auto planned = plan->file_size(p)) {
+            return *planned;
+        }
+    }
+    error_code ec;
+    const std::uintmax_t size = fs::file_size(to_host(p), ec);
+    return ec ? 0 : size;
+}
+
+std::optional<std::uint64_t> free_space(const path& p)
+{
+    fs::path existing = to_host(misc::absolute(p));
+    error_code ec;
+    while (!existing.empty() && !fs::exists(existing, ec)) {
+        existing = existing.parent_path();
+    }
+    const fs::space_info space = fs::space(existing, ec);
+    return ec ? std::nullopt : std::optional<std::uint64_t>(space.available);
+}
+
+void create_directories(const path& p, error_code& ec)
+{
+    if (planned_changes* plan = planned_changes::active(); plan != nullptr && !p.empty()) {
+        ec.clear();
+        if (!misc::is_directory(p)) {
+            plan->create_folder(p);
+        }
+    } else if (misc::is_directory(p)) {
+        ec.clear();
+    } else if (may_change(p, ec)) {
+        fs::create_directories(to_host(p), ec);
+    }
+}
+
+void create_directories(const path& p)
+{
+    error_code ec;
+    misc::create_directories(p, ec);
+    if (ec) {
+        throw error_at("creating the folder", p, ec);
+    }
+}
+
+void copy_file(const path& from, const path& to, error_code& ec)
+{
+    copy_with(
+        [](const fs::path& source, const fs::path& target, error_code& result) {
+            fs::copy_file(source, target, fs::copy_option::overwrite_if_exists, result);
+        },
+        from, to, ec);
+}
+
+void copy_symlink(const path& from, const path& to, error_code& ec)
+{
+    copy_with(
+        [](const fs::path& source, const fs::path& target, error_code& result) {
+            fs::copy_symlink(source, target, result);
+        },
+        from, to, ec);
+}
+
+void copy_special(const path& from, const path& to, error_code& ec)
+{
+    copy_with(
+        [](const fs::path& source, const fs::path& target, error_code& result) {
+            fs::copy(source, target, result);
+        },
+        from, to, ec);
+}
+
+void rename(const path& from, const path& to, error_code& ec)
+{
+    if (planned_changes* plan = planned_changes::active()) {
+        ec = missing_source(from);
+        if (!ec) {
+            plan->rename(from, to);
+        }
+    } else if (may_change(from, ec) && may_overwrite(to, ec)) {
+        fs::rename(to_host(from), to_host(to), ec);
+    }
+}
+
+void remove(const path& p, error_code& ec)
+{
+    if (planned_changes* plan = planned_changes::active()) {
+        ec.clear();
+        plan->remove(p);
+    } else if (may_change(p, ec)) {
+        make_removable(p);
+        fs::remove(to_host(p), ec);
+    }
+}
+
+void remove_all(const path& p, error_code& ec)
+{
+    if (planned_changes* plan = planned_changes::active()) {
+        ec.clear();
+        plan->remove(p);
+    } else if (may_change(p, ec)) {
+        fs::remove_all(to_host(p), ec);
+        // A single read-only file stops the library's removal on Windows.
+        if (ec) {
+            remove_tree_forcibly(p, ec);
+        }
+    }
+}
+
+path canonical(const path& p)
+{
+    error_code ec;
+    const fs::path host = fs::canonical(to_host(p), ec);
+    if (ec) {
+        throw error_at("resolving the path", p, ec);
+    }
+    return from_host(host).make_preferred();
+}
+
+path absolute(const path& p)
+{
+    if (p.empty() || p.is_absolute()) {
+        return p;
+    }
+    const path here = misc::current_path();
+    if (p.has_root_directory()) {
+        return here.root_name() / p;
+    }
+    // "D:x" counts from the top of D: unless D: is the drive of the current directory.
+    if (p.has_root_name() && p.root_name() != here.root_name()) {
+        return p.root_name() / "\\" / p.relative_path();
+    }
+    return here / p.relative_path();
+}
+
+path current_path()
+{
+    return from_host(fs::current_path());
+}
+
+void current_path(const path& p)
+{
+    error_code ec;
+    fs::current_path(to_host(p), ec);
+    if (ec) {
+        throw error_at("entering the folder", p, ec);
+    }
+}
+
+std::ifstream open_for_reading(const path& p)
+{
+    return std::ifstream(to_host(p).c_str(), std::ios::binary);
+}
+
+std::ofstream open_for_writing(const path& p, line_ends ends)
+{
+    if (planned_changes* plan = planned_changes::active()) {
+        if (!missing(p.parent_path())) {
+            plan->write_file(p);
+        }
+        return {};
+    }
+    if (overwrite_refusal(p)) {
+        return {};
+    }
+    return std::ofstream(to_host(p).c_str(),
+                         ends == line_ends::as_written ? std::ios::binary : std::ios::out);
+}
+
+std::ofstream open_for_appending(const path& p)
+{
+    if (planned_changes::active() != nullptr || overwrite_refusal(p)) {
+        return {};
+    }
+    return std::ofstream(to_host(p).c_str(), std::ios::out | std::ios::app);
+}
+
+std::string describe(const filesystem_error& error)
+{
+    const std::string what = error.what();
+    const std::string operation = what.substr(0, what.find(':'));
+    return operation + " " + error_path_text(error.path1()) + ": " + error_message(error.code());
+}
+
+scoped_current_path::scoped_current_path(const path& folder)
+{
+    if (!folder.empty()) {
+        before_ = misc::current_path();
+        misc::current_path(folder);
+    }
+}
+
+scoped_current_path::~scoped_current_path()
+{
+    if (!before_.empty()) {
+        error_code ec;
+        fs::current_path(to_host(before_), ec);
+    }
+}
+
+} // namespace nrd::misc

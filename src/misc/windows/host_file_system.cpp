@@ -1,0 +1,78 @@
+#include "misc/host_file_system.h"
+
+#include <memory>
+#include <windows.h>
+
+namespace nrd::misc {
+
+namespace {
+
+struct free_local {
+    void operator()(wchar_t* text) const { LocalFree(text); }
+};
+
+} // namespace
+
+boost::filesystem::path to_host(const path& p)
+{
+    return p;
+}
+
+path from_host(const boost::filesystem::path& host)
+{
+    return host;
+}
+
+path from_host_name(const boost::filesystem::path& name)
+{
+    return name;
+}
+
+boost::filesystem::path as_error_path(const path& p)
+{
+    return p;
+}
+
+std::string error_path_text(const boost::filesystem::path& p)
+{
+    return to_utf8(p);
+}
+
+error_code change_refusal(const path&)
+{
+    return {};
+}
+
+error_code overwrite_refusal(const path&)
+{
+    return {};
+}
+
+void make_removable(const path& p)
+{
+    const DWORD attributes = GetFileAttributesW(p.c_str());
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+        SetFileAttributesW(p.c_str(), attributes & ~static_cast<DWORD>(FILE_ATTRIBUTE_READONLY));
+    }
+}
+
+std::string error_message(const error_code& ec)
+{
+    if (ec.category() != boost::system::system_category()) {
+        return ec.message();
+    }
+    // The library would give the text in the ANSI code page.
+    wchar_t* raw = nullptr;
+    const DWORD length = FormatMessageW(
+        FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+        nullptr, static_cast<DWORD>(ec.value()), 0, reinterpret_cast<LPWSTR>(&raw), 0, nullptr);
+    const std::unique_ptr<wchar_t, free_local> owner(raw);
+    if (length == 0) {
+        return ec.message();
+    }
+    std::u16string text(raw, raw + length);
+    text.erase(text.find_last_not_of(u"\r\n. ") + 1);
+    return to_utf8(text);
+}
+
+} // namespace nrd::misc
