@@ -1,0 +1,135 @@
+#include "inst/installation/variables.h"
+
+#include <optional>
+#include <regex>
+
+namespace nrd::installation {
+
+namespace {
+
+constexpr std::u32string_view opening = U"${";
+
+/// Where the first placeholder's "${" stands, and the "}" that ends it.
+struct placeholder_place {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+};
+
+std::optional<placeholder_place> find_placeholder(std::u32string_view text, std::size_t from)
+{
+    const std::size_t end = text.find(U'}', from);
+    const std::size_t begin = text.find(opening, from);
+    if (end == text.npos || begin == text.npos || end < begin) {
+        return std::nullopt;
+    }
+    return placeholder_place{begin, end};
+}
+
+text32 name_at(std::u32string_view text, const placeholder_place& place)
+{
+    const std::size_t name_begin = place.begin + opening.size();
+    return text32(text.substr(name_begin, place.end - name_begin));
+}
+
+bool is_plain_expression(std::u32string_view name)
+{
+    return name.find_first_of(U"^$\\.*+?()[]{}|") == name.npos;
+}
+
+bool has_format_escape(std::u32string_view value)
+{
+    constexpr std::u32string_view escapes = U"$&`'0123456789";
+    for (std::size_t at = value.find(U'$'); at != value.npos; at = value.find(U'$', at + 1)) {
+        if (at + 1 < value.size() && escapes.find(value[at + 1]) != escapes.npos) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void replace_plainly(text32& text, const text32& placeholder, const text32& value, std::size_t from)
+{
+    text32 result(text, 0, from);
+    std::size_t at = from;
+    for (std::size_t hit; (hit = text.find(placeholder, at)) != text.npos;
+         at = hit + placeholder.size()) {
+        result.append(text, at, hit - at).append(value);
+    }
+    text = result.append(text, at);
+}
+
+/// One wide character for each UTF-16 unit, whatever the width of the character type, so that an
+/// expression means the same on every system.
+std::wstring to_units(std::u32string_view text)
+{
+    const std::u16string units = misc::to_utf16(text);
+    return {units.begin(), units.end()};
+}
+
+text32 from_units(const std::wstring& text)
+{
+    std::u16string units;
+    units.reserve(text.size());
+    for (const wchar_t unit : text) {
+        units += static_cast<char16_t>(unit);
+    }
+    return misc::to_text32(std::u16string_view(units));
+}
+
+void replace_by_expression(text32& text, const text32& name, const text32& value)
+{
+    const std::wregex expression(L"\\$\\{" + to_units(name) + L"\\}");
+    text = from_units(std::regex_replace(to_units(text), expression, to_units(value)));
+}
+
+} // namespace
+
+text32 first_var_name(std::u32string_view text)
+{
+    const std::optional<placeholder_place> place = find_placeholder(text, 0);
+    return place ? name_at(text, *place) : text32();
+}
+
+text32 substitute_vars(std::u32string_view text, const variable_lookup& lookup)
+{
+    text32 current(text);
+    std::size_t from = 0;
+    while (const std::optional<placeholder_place> place = find_placeholder(current, from)) {
+        const text32 name = name_at(current, *place);
+        if (name.empty()) {
+            break;
+        }
+        const text32 placeholder = text32(opening) + name + U"}";
+        const text32 value = lookup(name, misc::escape_expansion(placeholder));
+        if (is_plain_expression(name) && !has_format_escape(value)) {
+            replace_plainly(current, placeholder, value, place->begin);
+            // Nothing in front of the placeholder can have become one, but for a "$" that meets
+            // a value which begins with "{".
+            from = place->begin - (place->begin > 0 ? 1 : 0);
+        } else {
+            replace_by_expression(current, name, value);
+            from = 0;
+        }
+    }
+    return misc::unescape_expansion(current);
+}
+
+text32 normalise_separators(std::u32string_view text)
+{
+    const auto is_separator = [](char32_t c) { return c == U'/' || c == U'\\'; };
+    text32 result;
+    result.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (!is_separator(text[i])) {
+            result += text[i];
+            continue;
+        }
+        result += U'\\';
+        if (i + 1 < text.size() && is_separator(text[i + 1])) {
+            ++i;
+        }
+    }
+    return result;
+}
+
+} // namespace nrd::installation
