@@ -1,0 +1,10 @@
+#include "vs/vs_installer/startup.h"
+
+#include <SDL2/SDL_main.h>
+
+// No exception is caught: one that gets here ends the process, and the log tells what led to it.
+int main(int argc, char* argv[])
+{
+    nrd::vs_installer::startup startup(std::vector<std::string>(argv, argv + argc));
+    return startup.run() == nrd::vs_installer::startup_result::ready ? 0 : 1;
+}
