@@ -1,0 +1,23 @@
+#include "tools/setup_unattended/terminal.h"
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace nrd::tools {
+
+std::size_t terminal_width()
+{
+    if (isatty(STDOUT_FILENO) == 0) {
+        return 0;
+    }
+    winsize size = {};
+    const bool known = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    return known ? size.ws_col : 80;
+}
+
+void use_utf8_terminal()
+{
+    // Terminals here take it as it is.
+}
+
+} // namespace nrd::tools

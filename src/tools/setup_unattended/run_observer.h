@@ -1,0 +1,36 @@
+#pragma once
+
+#include "inst/installation/installer_observer.h"
+#include "tools/setup_unattended/progress.h"
+
+#include <optional>
+
+namespace nrd::tools {
+
+/// Follows a real installation. It answers as the wizard does: a missing source or a folder that
+/// cannot be read ends the run, a refused registry key does not.
+class run_observer : public installation::installer_observer {
+public:
+    explicit run_observer(progress& shown) : progress_(shown) {}
+
+    bool report(const installation::install_event& event) override;
+    void decided(const installation::install_decision& decision) override;
+
+    /// What ended the run, if the engine told.
+    [[nodiscard]] const std::optional<installation::failure_decision>& failure() const
+    {
+        return failure_;
+    }
+    /// Where an older installation was put, if there was one.
+    [[nodiscard]] const std::optional<misc::path>& backup_path() const { return backup_path_; }
+    /// Registry values that were refused and left out.
+    [[nodiscard]] std::size_t refused_keys() const { return refused_keys_; }
+
+private:
+    progress& progress_;
+    std::optional<installation::failure_decision> failure_;
+    std::optional<misc::path> backup_path_;
+    std::size_t refused_keys_ = 0;
+};
+
+} // namespace nrd::tools

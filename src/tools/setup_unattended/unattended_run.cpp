@@ -1,0 +1,288 @@
+#include "tools/setup_unattended/unattended_run.h"
+
+#include "inst/installation/install_path.h"
+#include "inst/installation/install_utils.h"
+#include "inst/installer/core/install.h"
+#include "misc/file_system.h"
+#include "streams/streams.h"
+#include "tools/setup_unattended/install_plan.h"
+#include "tools/setup_unattended/plan_json.h"
+#include "tools/setup_unattended/plan_text.h"
+#include "tools/setup_unattended/progress.h"
+#include "tools/setup_unattended/run_observer.h"
+#include "tools/setup_unattended/terminal.h"
+
+#include <SDL2/SDL.h>
+#include <exception>
+#include <filesystem>
+#include <regex>
+
+namespace nrd::tools {
+
+using misc::to_utf8;
+
+namespace {
+
+/// What an exception has to say, with the path where the error carries one.
+std::string reason_of(const std::exception& error)
+{
+    if (const auto* from_files = dynamic_cast<const misc::filesystem_error*>(&error)) {
+        return misc::describe(*from_files);
+    }
+    if (dynamic_cast<const std::regex_error*>(&error) != nullptr) {
+        return std::string("a variable's name is no valid expression: ") + error.what();
+    }
+    return error.what();
+}
+
+std::string text_of(const installation::xml_error& error)
+{
+    return to_utf8(error.file) + ":" + std::to_string(error.line) + ":" +
+           std::to_string(error.column) + ": " + error.description;
+}
+
+std::string join(const std::vector<std::string>& names)
+{
+    std::string text;
+    for (const std::string& name : names) {
+        text += (text.empty() ? "" : ", ") + name;
+    }
+    return text;
+}
+
+} // namespace
+
+unattended_run::unattended_run(std::vector<std::string> args, std::ostream& out, std::ostream& err)
+    : args_(std::move(args)), out_(out), err_(err), startup_(args_)
+{
+}
+
+exit_code unattended_run::run()
+{
+    try {
+        options_ = parse_options(args_);
+    } catch (const wrong_options& error) {
+        err_ << error.what() << " Try --help.\n";
+        return exit_code::wrong_options;
+    }
+    if (options_.help) {
+        out_ << usage_text;
+        return exit_code::done;
+    }
+    if (!open_json_file()) {
+        err_ << "The file " << *options_.json_file << " cannot be written.\n";
+        return exit_code::wrong_options;
+    }
+    const exit_code code = run_steps();
+    write_json(code);
+    return code;
+}
+
+exit_code unattended_run::run_steps()
+{
+    if (options_.plan) {
+        changes_.emplace();
+    }
+    exit_code code = start_up();
+    if (code == exit_code::done) {
+        code = set_install_path();
+    }
+    if (code == exit_code::done) {
+        code = options_.plan ? plan() : check_blockers();
+    }
+    if (code == exit_code::done && !options_.plan) {
+        code = install();
+    }
+    return code;
+}
+
+bool unattended_run::open_json_file()
+{
+    if (options_.json_file) {
+        const std::string& name = *options_.json_file;
+        json_file_.open(std::filesystem::path(std::u8string(name.begin(), name.end())),
+                        std::ios::binary);
+    }
+    return !options_.json_file || json_file_.is_open();
+}
+
+exit_code unattended_run::start_up()
+{
+    // There is no window, so none of the machine's devices is needed.
+    SDL_SetHint(SDL_HINT_VIDEODRIVER, "dummy");
+    SDL_SetHint(SDL_HINT_AUDIODRIVER, "dummy");
+    try {
+        const vs_installer::startup_result result = startup_.run();
+        if (result == vs_installer::startup_result::toolkit_failed) {
+            return fail(exit_code::not_configured,
+                        std::string("SDL cannot start: ") + SDL_GetError());
+        }
+        if (result == vs_installer::startup_result::locations_not_configured) {
+            return fail(exit_code::not_configured, "There is no install.xml in the package " +
+                                                       to_utf8(startup_.package_root));
+        }
+    } catch (const std::exception& error) {
+        return fail(exit_code::not_configured,
+                    startup_.xml_errors.empty() ? package_text() + " cannot be used: " + reason_of(error)
+                                                : text_of(startup_.xml_errors.front()));
+    }
+    // An install.xml behind the first may be malformed and yet go unnoticed so far.
+    return startup_.xml_errors.empty()
+               ? exit_code::done
+               : fail(exit_code::not_configured, text_of(startup_.xml_errors.front()));
+}
+
+exit_code unattended_run::set_install_path()
+{
+    try {
+        install_path_ =
+            options_.path ? *options_.path : startup_.specs.front().var_value(U"APP_INSTALL_PATH");
+        if (!installation::is_valid_install_path(misc::to_path(std::u32string_view(install_path_)))) {
+            return fail(exit_code::path_refused,
+                        "The folder \"" + to_utf8(install_path_) + "\" cannot be an install folder");
+        }
+        install_path_ = installation::normalise_install_path(install_path_);
+        for (installation::spec& each : startup_.specs) {
+            each.set_var(U"APP_INSTALL_PATH", install_path_);
+        }
+    } catch (const std::exception& error) {
+        return fail(exit_code::not_configured,
+                    package_text() + " cannot be used: " + reason_of(error));
+    }
+    return exit_code::done;
+}
+
+exit_code unattended_run::check_blockers()
+{
+    const std::vector<std::string> blockers = installation::blocker_processes(startup_.specs);
+    json_["blockers"] = blockers;
+    if (blockers.empty()) {
+        return exit_code::done;
+    }
+    return fail(exit_code::blocked,
+                "The installation is blocked until these programs are closed: " + join(blockers));
+}
+
+std::size_t unattended_run::count_all_files() const
+{
+    std::size_t total = 0;
+    for (const installation::spec& each : startup_.specs) {
+        const misc::scoped_current_path folder(each.working_directory);
+        total += installation::count_files(each.packages, "win");
+    }
+    return total;
+}
+
+exit_code unattended_run::install()
+{
+    try {
+        progress shown(out_, terminal_width(), options_.quiet, count_all_files());
+        bool all = true;
+        // A package that fails does not keep the next one from being installed.
+        for (const installation::spec& each : startup_.specs) {
+            all = install_spec(each, shown) && all;
+        }
+        json_["files"] = shown.done();
+        if (!all) {
+            return exit_code::install_failed;
+        }
+        if (!options_.quiet) {
+            out_ << to_utf8(startup_.specs.front().app_name()) << " is installed in "
+                 << to_utf8(install_path_) << ": " << shown.done() << " files (" << log_text()
+                 << ").\n";
+        }
+    } catch (const std::exception& error) {
+        return fail(exit_code::install_failed, "The installation failed: " + reason_of(error));
+    }
+    return exit_code::done;
+}
+
+bool unattended_run::install_spec(const installation::spec& s, progress& shown)
+{
+    run_observer observer(shown);
+    const misc::scoped_current_path folder(s.working_directory);
+    bool finished = false;
+    try {
+        finished = installer::core::install(s, observer);
+    } catch (const std::exception& error) {
+        shown.end();
+        const std::string aside =
+            observer.backup_path()
+                ? "; the older installation was left in " + to_utf8(*observer.backup_path())
+                : "";
+        throw std::runtime_error(reason_of(error) + aside);
+    }
+    shown.end();
+    if (finished) {
+        if (observer.refused_keys() > 0) {
+            err_ << observer.refused_keys()
+                 << " accesses to the registry were refused, and what they were for is missing ("
+                 << log_text() << ").\n";
+        }
+        return true;
+    }
+    const std::string cause = observer.failure() ? to_utf8(observer.failure()->where) + ": " +
+                                                       observer.failure()->reason
+                                                 : "the engine gave no reason";
+    const std::string after = observer.backup_path()
+                                  ? "; the older installation was put back"
+                                  : "; what was copied before stays";
+    fail(exit_code::install_failed, "The installation failed at " + cause + after);
+    return false;
+}
+
+exit_code unattended_run::plan()
+{
+    try {
+        const install_plan made = make_plan(startup_.specs, *changes_);
+        json_["plan"] = plan_to_json(made);
+        if (!options_.quiet) {
+            print_plan(made, out_);
+        }
+    } catch (const std::exception& error) {
+        return fail(exit_code::install_failed, "An installation would fail: " + reason_of(error));
+    }
+    return exit_code::done;
+}
+
+std::string unattended_run::package_text() const
+{
+    return "The package " + (startup_.xml_paths.empty() ? to_utf8(startup_.package_root)
+                                                        : to_utf8(startup_.xml_paths.front()));
+}
+
+std::string unattended_run::log_text() const
+{
+    if (options_.plan) {
+        return "a plan writes no log";
+    }
+    if (const auto file = streams::stream_file_path("installer")) {
+        return "log: " + to_utf8(*file);
+    }
+    return "no log: its folder was not there yet when this run started, the next run has one in " +
+           to_utf8(startup_.company_dir / "log" / "installer");
+}
+
+exit_code unattended_run::fail(exit_code code, const std::string& sentence)
+{
+    err_ << sentence << " (" << log_text() << ").\n";
+    json_["errors"].push_back(sentence);
+    return code;
+}
+
+void unattended_run::write_json(exit_code code)
+{
+    if (!json_file_.is_open()) {
+        return;
+    }
+    const auto log = options_.plan ? std::nullopt : streams::stream_file_path("installer");
+    nlohmann::ordered_json all = {
+        {"exit_code", static_cast<int>(code)},
+        {"outcome", code != exit_code::done ? "failed" : options_.plan ? "planned" : "installed"},
+        {"install_path", to_utf8(install_path_)},
+        {"log", log ? nlohmann::ordered_json(to_utf8(*log)) : nlohmann::ordered_json()}};
+    all.update(json_);
+    json_file_ << all.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+}
+
+} // namespace nrd::tools
