@@ -175,13 +175,12 @@ function(add_module_test)
         WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}/tests)
 endfunction()
 
-# A measurement program of bench/, linked with Google Benchmark, at <build folder>/bench.
+# A measurement program of bench/, at <build folder>/bench.
 function(add_benchmark)
     cmake_parse_arguments(BENCHMARK "" "NAME"
         "SOURCES;WINDOWS;POSIX;PRIVATE;WINDOWS_LIBRARIES" ${ARGN})
     reject_unknown_arguments(BENCHMARK)
-    if(VS5_PRODUCT AND NOT WIN32)
-        list(APPEND BENCHMARK_PRIVATE vs5::benchmark)
+    if(VS5_PRODUCT)
         add_executable_of_kind(BENCHMARK ${BENCHMARK_NAME}_bench)
         set_target_properties(${target} PROPERTIES
             RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bench)

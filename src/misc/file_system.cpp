@@ -201,20 +201,16 @@ void copy_file(const path& from, const path& to, error_code& ec)
 
 void copy_symlink(const path& from, const path& to, error_code& ec)
 {
-    copy_with(
-        [](const fs::path& source, const fs::path& target, error_code& result) {
-            fs::copy_symlink(source, target, result);
-        },
-        from, to, ec);
+    copy_with([](const fs::path& source, const fs::path& target,
+                 error_code& result) { fs::copy_symlink(source, target, result); },
+              from, to, ec);
 }
 
 void copy_special(const path& from, const path& to, error_code& ec)
 {
-    copy_with(
-        [](const fs::path& source, const fs::path& target, error_code& result) {
-            fs::copy(source, target, result);
-        },
-        from, to, ec);
+    copy_with([](const fs::path& source, const fs::path& target,
+                 error_code& result) { fs::copy(source, target, result); },
+              from, to, ec);
 }
 
 void rename(const path& from, const path& to, error_code& ec)
@@ -256,8 +252,8 @@ void remove_all(const path& p, error_code& ec)
 
 path canonical(const path& p)
 {
-    error_code ec;
-    const fs::path host = fs::canonical(to_host(p), ec);
+    error_code ec = make_error_code(boost::system::errc::no_such_file_or_directory);
+    const fs::path host = p.empty() ? fs::path() : fs::canonical(to_host(p), ec);
     if (ec) {
         throw error_at("resolving the path", p, ec);
     }

@@ -6,12 +6,12 @@ namespace nrd::misc {
 
 path get_settings_folder()
 {
-    return prefs_override() ? *prefs_override() : get_roaming_folder();
+    return prefs_override().value_or(get_roaming_folder());
 }
 
 path get_desktop_folder()
 {
-    return desktop_override() ? *desktop_override() : query_known_folder(known_folder::desktop);
+    return desktop_override().value_or(query_known_folder(known_folder::desktop));
 }
 
 path get_roaming_folder()

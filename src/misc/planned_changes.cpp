@@ -220,8 +220,8 @@ void planned_changes::create_key(const text32& key)
     }
 }
 
-void planned_changes::set_value(const text32& key, const text32& name,
-                                std::optional<text32> before, const text32& data)
+void planned_changes::set_value(const text32& key, const text32& name, std::optional<text32> before,
+                                const text32& data)
 {
     list_.push_back({.kind = change_kind::set_value,
                      .key = key,
@@ -245,10 +245,8 @@ void planned_changes::delete_key(const text32& key)
 void planned_changes::delete_value(const text32& key, const text32& name,
                                    std::optional<text32> before)
 {
-    list_.push_back({.kind = change_kind::delete_value,
-                     .key = key,
-                     .name = name,
-                     .before = std::move(before)});
+    list_.push_back(
+        {.kind = change_kind::delete_value, .key = key, .name = name, .before = std::move(before)});
     values_.insert_or_assign({registry_key(key), registry_key(name)},
                              value_state{name, std::nullopt});
 }
@@ -273,8 +271,10 @@ std::optional<std::optional<text32>> planned_changes::value(const text32& key,
         known != values_.end()) {
         return known->second.data;
     }
-    // Whatever the machine has there is gone with the key.
-    return is_key_gone(key) ? std::optional(std::optional<text32>()) : std::nullopt;
+    if (!is_key_gone(key)) {
+        return std::nullopt;
+    }
+    return std::optional<text32>(); // what the machine has there is gone with the key
 }
 
 void planned_changes::adjust_subkeys(const text32& key, std::vector<text32>& names) const

@@ -29,17 +29,20 @@ resolved_key resolve(const text32& path)
     };
     const std::size_t end = std::min(path.find(U'\\'), path.size());
     const auto named = roots->find(path.substr(0, end));
-    if (named == roots->end()) {
-        return {platform::local_machine, path};
+    resolved_key key{platform::local_machine, path};
+    if (named != roots->end()) {
+        key = {named->second, path.substr(std::min(end + 1, path.size()))};
     }
-    return {named->second, path.substr(std::min(end + 1, path.size()))};
+    key.subkey.erase(key.subkey.find_last_not_of(U'\\') + 1);
+    return key;
 }
 
 /// One name for all spellings of a key, for the record of planned changes.
 text32 full_path(const text32& path)
 {
     const resolved_key key = resolve(path);
-    const text32 root = key.root == platform::local_machine ? U"HKEY_LOCAL_MACHINE" : U"HKEY_CLASSES_ROOT";
+    const text32 root =
+        key.root == platform::local_machine ? U"HKEY_LOCAL_MACHINE" : U"HKEY_CLASSES_ROOT";
     return key.subkey.empty() ? root : root + U"\\" + key.subkey;
 }
 
@@ -261,18 +264,15 @@ bool set_string_value(const text32& path, const text32& name, const text32& text
 
 bool delete_key(const text32& path)
 {
-    if (!key_exists(path)) {
-        return false;
+    const resolved_key key = resolve(path);
+    if (key.subkey.empty() || !key_exists(path)) {
+        return false; // a root stays, whatever is asked
     }
     if (planned_changes* plan = planned_changes::active()) {
         plan->delete_key(full_path(path));
         return true;
     }
-    const resolved_key key = resolve(path);
     const auto [above, last] = split_last(key.subkey);
-    if (last.empty()) {
-        return false;
-    }
     // From the root itself the deletion would miss the 64-bit view, which comes with the parent.
     platform::key parent;
     const std::uint32_t access =

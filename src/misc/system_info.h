@@ -8,10 +8,11 @@ namespace nrd::misc {
 struct bitness_facts {
     bool kernel_found = false;
     bool has_is_wow64_process2 = false;
-    bool call_succeeded = false;      ///< of IsWow64Process2
+    bool call_succeeded = false;       ///< of IsWow64Process2
     std::uint16_t process_machine = 0; ///< 0 for a process that no layer translates
     std::uint16_t native_machine = 0;
-    bool is_wow64_process = false; ///< answer of IsWow64Process; asked where the newer call is missing
+    bool is_wow64_process =
+        false; ///< answer of IsWow64Process; asked where the newer call is missing
 };
 
 bitness_facts query_bitness();

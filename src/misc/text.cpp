@@ -10,10 +10,19 @@ namespace {
 constexpr char32_t replacement_character = 0xFFFD;
 constexpr char32_t last_code_point = 0x10FFFF;
 
-bool is_lead_surrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool is_trail_surrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+bool is_lead_surrogate(char32_t unit)
+{
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+bool is_trail_surrogate(char32_t unit)
+{
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
 
-char to_byte(char32_t value) { return static_cast<char>(static_cast<unsigned char>(value)); }
+char to_byte(char32_t value)
+{
+    return static_cast<char>(static_cast<unsigned char>(value));
+}
 
 void append_utf8(std::string& out, char32_t point)
 {
@@ -198,7 +207,8 @@ text32 to_text32(std::u16string_view text)
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char32_t unit = text[i];
         if (is_lead_surrogate(unit) && i + 1 < text.size() && is_trail_surrogate(text[i + 1])) {
-            out += 0x10000 + ((unit - 0xD800) << 10) + (text[++i] - 0xDC00U);
+            const char32_t trail = text[++i];
+            out += char32_t{0x10000 + ((unit - 0xD800) << 10) + (trail - 0xDC00)};
         } else {
             out += unit;
         }

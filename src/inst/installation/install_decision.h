@@ -35,6 +35,7 @@ struct staging_decision {
     std::optional<misc::path> backup_path{}; ///< where an older folder was put
 };
 
+/// One that is not for this system stands as it was written.
 struct shortcut_decision {
     misc::text32 location;
     misc::text32 destination;

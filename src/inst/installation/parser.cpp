@@ -53,8 +53,10 @@ fileset parse_fileset(const pugi::xml_node& node)
 reg_key parse_reg_key(const pugi::xml_node& node)
 {
     installer_log("Parsing xml node to reg key.");
-    return {wide(node.attribute("path")), node.attribute("name").value(),
-            wide(node.attribute("data")), {}};
+    return {wide(node.attribute("path")),
+            node.attribute("name").value(),
+            wide(node.attribute("data")),
+            {}};
 }
 
 path_entry parse_path_entry(const pugi::xml_node& node)
@@ -176,8 +178,9 @@ import_result import_install_xml(const misc::path& path)
         installer_log("Import failed.");
         installer_log(parsed.description());
         result.error = place_error(parsed, text, origins);
-        if (result.error->file.empty()) {
+        if (origins.empty()) {
             result.error->file = path;
+            result.error->line = 1;
         }
         return result;
     }

@@ -41,12 +41,18 @@ fileset::fileset(const text32& in, const text32& out, text32 create_folders)
 {
 }
 
-bool spec::has_var(const text32& name) const
+const var* spec::look_up(const text32& name) const
 {
     installer_log("Finding var: " + to_utf8(name));
-    const bool found = position_of(vars, name) != vars.end();
-    installer_log((found ? "Found " : "Can't find ") + to_utf8(name));
-    return found;
+    const auto found = position_of(vars, name);
+    const bool is_there = found != vars.end();
+    installer_log((is_there ? "Found " : "Can't find ") + to_utf8(name));
+    return is_there ? &*found : nullptr;
+}
+
+bool spec::has_var(const text32& name) const
+{
+    return look_up(name) != nullptr;
 }
 
 var& spec::find_var(const text32& name)
@@ -100,7 +106,8 @@ text32 spec::var_value(const text32& name) const
 text32 spec::expand(std::u32string_view text) const
 {
     const auto lookup = [this](const text32& name, const text32& fallback) {
-        return has_var(name) ? find_var(name).value : fallback;
+        const var* const found = look_up(name);
+        return found != nullptr ? found->value : fallback;
     };
     return normalise_separators(substitute_vars(text, lookup));
 }

@@ -105,6 +105,10 @@ public:
 
     /// The dump for the log, fields unexpanded. Throws std::invalid_argument without "APP_NAME".
     [[nodiscard]] text32 to_text() const;
+
+private:
+    /// The look-up of has_var; null if there is none.
+    [[nodiscard]] const var* look_up(const text32& name) const;
 };
 
 using specs = std::vector<spec>;

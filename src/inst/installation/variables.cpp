@@ -1,7 +1,11 @@
 #include "inst/installation/variables.h"
 
+#include <algorithm>
 #include <optional>
 #include <regex>
+#include <unordered_map>
+#include <utility>
+#include <vector>
 
 namespace nrd::installation {
 
@@ -82,6 +86,92 @@ void replace_by_expression(text32& text, const text32& name, const text32& value
     text = from_units(std::regex_replace(to_units(text), expression, to_units(value)));
 }
 
+void replace_everywhere(text32& text, const text32& name, const text32& value, std::size_t from)
+{
+    if (is_plain_expression(name) && !has_format_escape(value)) {
+        replace_plainly(text, text32(opening) + name + U"}", value, from);
+    } else {
+        replace_by_expression(text, name, value);
+    }
+}
+
+/// Replacing one name after the other in the whole text takes time that grows with the square of
+/// their number. Most texts need no more than one pass: they hold plain placeholders only, side by
+/// side, whose values bring no new ones.
+class single_pass {
+public:
+    /// Looks the names up, each once, in the order in which they stand.
+    single_pass(std::u32string_view text, const variable_lookup& lookup) : result_(text)
+    {
+        if (!split(text)) {
+            return;
+        }
+        for (const token& each : tokens_) {
+            if (each.is_name && !values_.contains(each.text)) {
+                const text32 name(each.text);
+                text32 value = lookup(name, misc::escape_expansion(text32(opening) + name + U"}"));
+                if (value.find_first_of(U"${}") != value.npos) {
+                    put_together();
+                    replace_everywhere(result_, name, value, 0);
+                    return;
+                }
+                values_.emplace(each.text, std::move(value));
+            }
+        }
+        put_together();
+    }
+
+    /// The text with all names replaced that were looked up.
+    [[nodiscard]] const text32& result() const { return result_; }
+
+private:
+    struct token {
+        std::u32string_view text;
+        bool is_name = false;
+    };
+
+    /// False if there is more to the text than literal pieces and plain placeholders.
+    bool split(std::u32string_view text)
+    {
+        while (!text.empty()) {
+            const std::size_t begin = std::min(text.find_first_of(U"${}"), text.size());
+            tokens_.push_back({text.substr(0, begin), false});
+            text.remove_prefix(begin);
+            const std::size_t end = text.find(U'}');
+            if (text.empty()) {
+                break;
+            }
+            if (!text.starts_with(opening) || end == text.npos || end == opening.size() ||
+                !is_plain_expression(text.substr(opening.size(), end - opening.size()))) {
+                return false;
+            }
+            tokens_.push_back({text.substr(opening.size(), end - opening.size()), true});
+            text.remove_prefix(end + 1);
+        }
+        return true;
+    }
+
+    void put_together()
+    {
+        text32 whole;
+        for (const token& each : tokens_) {
+            const auto value = each.is_name ? values_.find(each.text) : values_.end();
+            if (!each.is_name) {
+                whole += each.text;
+            } else if (value != values_.end()) {
+                whole += value->second;
+            } else {
+                whole.append(opening).append(each.text) += U'}';
+            }
+        }
+        result_ = std::move(whole);
+    }
+
+    text32 result_;
+    std::vector<token> tokens_;
+    std::unordered_map<std::u32string_view, text32> values_;
+};
+
 } // namespace
 
 text32 first_var_name(std::u32string_view text)
@@ -92,24 +182,19 @@ text32 first_var_name(std::u32string_view text)
 
 text32 substitute_vars(std::u32string_view text, const variable_lookup& lookup)
 {
-    text32 current(text);
+    text32 current = single_pass(text, lookup).result();
     std::size_t from = 0;
     while (const std::optional<placeholder_place> place = find_placeholder(current, from)) {
         const text32 name = name_at(current, *place);
         if (name.empty()) {
             break;
         }
-        const text32 placeholder = text32(opening) + name + U"}";
-        const text32 value = lookup(name, misc::escape_expansion(placeholder));
-        if (is_plain_expression(name) && !has_format_escape(value)) {
-            replace_plainly(current, placeholder, value, place->begin);
-            // Nothing in front of the placeholder can have become one, but for a "$" that meets
-            // a value which begins with "{".
-            from = place->begin - (place->begin > 0 ? 1 : 0);
-        } else {
-            replace_by_expression(current, name, value);
-            from = 0;
-        }
+        const text32 value = lookup(name, misc::escape_expansion(text32(opening) + name + U"}"));
+        replace_everywhere(current, name, value, place->begin);
+        // A plain name leaves what stands in front of it alone, and nothing there can have become a
+        // placeholder, but for a "$" that meets a value which begins with "{".
+        const bool starts_anew = !is_plain_expression(name) || place->begin == 0;
+        from = starts_anew ? 0 : place->begin - 1;
     }
     return misc::unescape_expansion(current);
 }

@@ -18,6 +18,7 @@ namespace {
 
 // The drive that stands for the whole host, so that programs and packages may lie anywhere.
 constexpr char host_drive = 'z';
+constexpr const char* network_folder = "network";
 
 struct close_directory {
     void operator()(DIR* directory) const { closedir(directory); }
@@ -91,15 +92,21 @@ void redirect_system_folder(const path& root_name, std::vector<std::string>& nam
     }
 }
 
-/// Where the names of a path are looked for: a drive's folder, or "" for the current directory.
+bool is_server(const path& root_name)
+{
+    return !root_name.empty() && root_name.native().back() != u':';
+}
+
+/// Where the names of a path are looked for: a drive's folder, the one in which each server of the
+/// network is a folder, or "" for the current directory.
 std::string base_folder(const path& root_name, bool has_root_directory)
 {
     const std::string name = to_utf8(root_name);
     if (name.empty() && !has_root_directory) {
         return {};
     }
-    if (name.starts_with("\\\\") || name.starts_with("//")) {
-        return (this_machine().folder / "network" / name.substr(2)).string();
+    if (is_server(root_name)) {
+        return (this_machine().folder / network_folder).string();
     }
     const path here = name.empty() ? from_host(fs::current_path()).root_name() : root_name;
     std::string drive = to_utf8(here);
@@ -167,8 +174,11 @@ fs::path to_host(const path& p)
     const path root_name = whole.root_name();
     std::vector<std::string> names = names_of(whole.relative_path());
     redirect_system_folder(root_name, names);
-    std::string host = resolve(base_folder(root_name, whole.has_root_directory()), names);
-    return host.empty() ? fs::path(".") : fs::path(std::move(host));
+    if (is_server(root_name)) {
+        names.insert(names.begin(), to_utf8(root_name).substr(2));
+    }
+    const std::string host = resolve(base_folder(root_name, whole.has_root_directory()), names);
+    return host.empty() ? fs::path(".") : fs::path(host);
 }
 
 path from_host(const fs::path& host)
@@ -180,6 +190,9 @@ path from_host(const fs::path& host)
     std::string text = std::string(1, host_drive) + ":" + whole.string();
     if (drive.size() == 1 && drive != ".") {
         text = drive + ":\\" + relative.string().substr(std::min<std::size_t>(2, relative.size()));
+    }
+    if (drive == network_folder) {
+        text = "\\" + relative.string().substr(drive.size());
     }
     text[0] = static_cast<char>(upper_case(static_cast<char16_t>(text[0])));
     return to_path(std::string_view(replace_char(text, '/', '\\')));

@@ -70,10 +70,11 @@ machine read_machine(const std::filesystem::path& folder)
 
 const machine& this_machine()
 {
-    if (!remembered()) {
-        remembered() = read_machine(machine_folder());
+    std::optional<machine>& kept = remembered();
+    if (!kept) {
+        kept = read_machine(machine_folder());
     }
-    return *remembered();
+    return *kept;
 }
 
 void forget_machine()

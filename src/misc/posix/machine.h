@@ -10,7 +10,7 @@ namespace nrd::misc {
 /// registry, and `machine.json` says what only the machine knows.
 struct machine {
     std::filesystem::path folder;
-    int bits = 64;           ///< "bits": 64, or 32 for a Windows that has no IsWow64Process2
+    int bits = 64;             ///< "bits": 64, or 32 for a Windows that has no IsWow64Process2
     std::string user = "user"; ///< "user": the name of the profile folder
     std::vector<std::string> denied; ///< "denied": nothing at or below these paths may be changed
     std::vector<std::string> locked; ///< "locked": files that some other program holds open

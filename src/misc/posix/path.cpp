@@ -15,9 +15,7 @@ bool is_separator(char16_t c)
 
 } // namespace
 
-path::path(const char* ascii) : text_(to_utf16(std::string_view(ascii)))
-{
-}
+path::path(const char* ascii) : text_(to_utf16(std::string_view(ascii))) {}
 
 path& path::operator/=(const path& other)
 {
@@ -116,7 +114,8 @@ path path::root_path() const
 path path::relative_path() const
 {
     const std::size_t root_end = root_name_length();
-    return path(text_.substr(std::min(text_.find_first_not_of(separators, root_end), text_.size())));
+    return path(
+        text_.substr(std::min(text_.find_first_not_of(separators, root_end), text_.size())));
 }
 
 path path::parent_path() const
@@ -137,7 +136,7 @@ path path::filename() const
 
 path path::stem() const
 {
-    const path name = filename();
+    path name = filename();
     const std::size_t dot = name.text_.rfind(u'.');
     if (name.text_ == u"." || name.text_ == u".." || dot == name.text_.npos) {
         return name;
@@ -160,7 +159,8 @@ std::vector<std::u16string> path::components() const
 {
     std::vector<std::u16string> result;
     for (const piece& p : pieces()) {
-        const bool is_root_directory = !p.is_trailing_dot && is_separator(text_[p.begin]) && p.length == 1;
+        const bool is_root_directory =
+            !p.is_trailing_dot && is_separator(text_[p.begin]) && p.length == 1;
         result.push_back(is_root_directory ? u"/" : piece_text(p).text_);
     }
     return result;

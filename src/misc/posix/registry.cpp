@@ -48,14 +48,15 @@ std::u16string full_path(std::uint32_t root, const std::u16string& subkey)
     return path;
 }
 
+/// A key that is there keeps its spelling, in the paths of those below it too.
 void add_with_parents(store& keys, const std::u16string& path)
 {
-    for (std::size_t end = path.find(u'\\');; end = path.find(u'\\', end + 1)) {
-        const std::u16string part = path.substr(0, end);
-        keys.try_emplace(name_key(part), stored_key{part, {}});
-        if (end == path.npos) {
-            return;
-        }
+    std::u16string spelled;
+    for (std::size_t begin = 0; begin <= path.size();) {
+        const std::size_t end = std::min(path.find(u'\\', begin), path.size());
+        spelled += (begin == 0 ? u"" : u"\\") + path.substr(begin, end - begin);
+        spelled = keys.try_emplace(name_key(spelled), stored_key{spelled, {}}).first->second.path;
+        begin = end + 1;
     }
 }
 
@@ -306,7 +307,9 @@ status query_value(const key& k, const std::u16string& name)
 status set_string(const key& k, const std::u16string& name, const std::u16string& text)
 {
     return change_key(k, [&](store&, stored_key& stored) {
-        stored.values[name_key(name)] = {name, to_utf8(text)};
+        // A name keeps the spelling that it was first given.
+        const auto value = stored.values.try_emplace(name_key(name), stored_value{name, {}}).first;
+        value->second.data = to_utf8(text);
         return success;
     });
 }
@@ -315,6 +318,12 @@ status delete_tree(const key& parent, const std::u16string& name)
 {
     return change_key(parent, [&](store& keys, stored_key& above) {
         const std::u16string top = name_key(above.path) + u'\\' + name_key(name);
+        const bool refused = std::any_of(keys.begin(), keys.end(), [&top](const auto& each) {
+            return is_below(each.first, top) && denied(each.first);
+        });
+        if (refused) {
+            return access_denied;
+        }
         const std::size_t removed = std::erase_if(keys, [&top](const auto& each) {
             return each.first == top || is_below(each.first, top);
         });

@@ -103,10 +103,9 @@ status get_string(const key& k, const std::u16string& name, std::uint32_t capaci
 {
     std::vector<wchar_t> buffer(capacity);
     DWORD bytes = static_cast<DWORD>(buffer.size() * sizeof(wchar_t));
-    const LSTATUS result =
-        RegGetValueW(handle_of(k), nullptr, wide(name),
-                     RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ | RRF_NOEXPAND, nullptr, buffer.data(),
-                     &bytes);
+    const LSTATUS result = RegGetValueW(handle_of(k), nullptr, wide(name),
+                                        RRF_RT_REG_SZ | RRF_RT_REG_EXPAND_SZ | RRF_NOEXPAND,
+                                        nullptr, buffer.data(), &bytes);
     if (result == ERROR_SUCCESS) {
         out = text_of(buffer.data(), bytes);
     }

@@ -5,6 +5,7 @@
 #include <future>
 #include <mutex>
 #include <thread>
+#include <utility>
 #include <windows.h>
 
 namespace nrd::multiconsole {
@@ -15,7 +16,7 @@ constexpr UINT message_print = WM_APP;
 constexpr UINT message_close = WM_APP + 1;
 
 // The edit control takes this many units; what came first goes when it is full.
-constexpr int text_limit = 1 << 20;
+constexpr int text_limit = 1 << 18;
 
 std::wstring wide(std::u16string_view text)
 {
@@ -35,8 +36,9 @@ std::wstring with_windows_line_ends(std::u16string_view text)
     return result;
 }
 
-/// Belongs to its thread, which makes the window, runs its messages and ends with it. Text comes
-/// over as a posted message, so that who prints never waits for the window.
+/// The window belongs to a thread of the document's own, which makes it, runs its messages and ends
+/// with it. Text waits here until that thread takes it, so that who prints never waits for the
+/// window.
 class window_document final : public console_document {
 public:
     explicit window_document(const std::string& title)
@@ -57,12 +59,13 @@ public:
 
     void print(std::u16string_view text) override
     {
-        if (window_ == nullptr) {
-            return; // posted to no window, a message would go to the caller's own thread
+        {
+            const std::lock_guard lock(mutex_);
+            pending_ += with_windows_line_ends(text);
         }
-        auto posted = std::make_unique<std::wstring>(with_windows_line_ends(text));
-        if (PostMessageW(window_, message_print, 0, reinterpret_cast<LPARAM>(posted.get())) != 0) {
-            static_cast<void>(posted.release()); // the window's thread takes it over
+        // Posted to no window, the message would go to the caller's own thread.
+        if (window_ != nullptr) {
+            PostMessageW(window_, message_print, 0, reinterpret_cast<LPARAM>(this));
         }
     }
 
@@ -70,10 +73,10 @@ private:
     static void run(const std::string& title, std::promise<HWND>& opened)
     {
         register_class();
-        const HWND window = CreateWindowExW(
-            0, class_name, wide(misc::to_utf16(std::string_view(title))).c_str(),
-            WS_OVERLAPPEDWINDOW | WS_VISIBLE, CW_USEDEFAULT, CW_USEDEFAULT, 800, 500, nullptr,
-            nullptr, GetModuleHandleW(nullptr), nullptr);
+        const HWND window =
+            CreateWindowExW(0, class_name, wide(misc::to_utf16(std::string_view(title))).c_str(),
+                            WS_OVERLAPPEDWINDOW | WS_VISIBLE, CW_USEDEFAULT, CW_USEDEFAULT, 800,
+                            500, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
         opened.set_value(window);
         if (window == nullptr) {
             return;
@@ -105,7 +108,7 @@ private:
             MoveWindow(text, 0, 0, LOWORD(value), HIWORD(value), TRUE);
             return 0;
         case message_print:
-            append(text, *std::unique_ptr<std::wstring>(reinterpret_cast<std::wstring*>(value)));
+            append(text, reinterpret_cast<window_document*>(value)->take_pending());
             return 0;
         case WM_CLOSE:
             ShowWindow(window, SW_HIDE); // the document stays open until its owner closes it
@@ -121,6 +124,12 @@ private:
         }
     }
 
+    std::wstring take_pending()
+    {
+        const std::lock_guard lock(mutex_);
+        return std::exchange(pending_, {});
+    }
+
     static void make_text_control(HWND window)
     {
         const HWND text = CreateWindowExW(
@@ -130,11 +139,13 @@ private:
         SendMessageW(text, EM_SETLIMITTEXT, text_limit, 0);
     }
 
-    static void append(HWND text, const std::wstring& added)
+    static void append(HWND text, std::wstring added)
     {
         const int length = GetWindowTextLengthW(text);
         if (length + static_cast<int>(added.size()) > text_limit) {
-            SendMessageW(text, EM_SETSEL, 0, length / 2);
+            const bool fills_half = added.size() > text_limit / 2;
+            added.erase(0, fills_half ? added.size() - text_limit / 2 : 0);
+            SendMessageW(text, EM_SETSEL, 0, fills_half ? length : length / 2);
             SendMessageW(text, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L""));
         }
         const int end = GetWindowTextLengthW(text);
@@ -144,6 +155,8 @@ private:
 
     static constexpr const wchar_t* class_name = L"nrd_console_document";
 
+    std::mutex mutex_;
+    std::wstring pending_;
     std::thread thread_;
     HWND window_ = nullptr;
 };

@@ -5,6 +5,7 @@
 #include "inst/installer/core/install.h"
 #include "misc/file_system.h"
 
+#include <algorithm>
 #include <variant>
 
 namespace nrd::tools {
@@ -60,6 +61,15 @@ private:
     void add(const installation::path_entry_decision& each) { plan_.path_entries.push_back(each); }
     void add(const installation::failure_decision&) {}
 
+    /// The path index is written once for each entry.
+    void add_written_file(const misc::path& file)
+    {
+        std::vector<misc::path>& all = plan_.written_files;
+        if (std::find(all.begin(), all.end(), file) == all.end()) {
+            all.push_back(file);
+        }
+    }
+
     void take(const planned_change& change)
     {
         switch (change.kind) {
@@ -71,7 +81,7 @@ private:
             whole_.bytes_needed += change.bytes;
             break;
         case change_kind::write_file:
-            plan_.written_files.push_back(change.target);
+            add_written_file(change.target);
             break;
         case change_kind::create_key:
         case change_kind::set_value:

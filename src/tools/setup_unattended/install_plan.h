@@ -40,9 +40,9 @@ struct spec_plan {
 
 struct install_plan {
     std::vector<spec_plan> specs;
-    std::vector<std::string> blockers;         ///< listed programs that run now
-    std::uint64_t bytes_needed = 0;            ///< of all files that are copied
-    std::optional<std::uint64_t> bytes_free;   ///< where the install folder lies
+    std::vector<std::string> blockers;       ///< listed programs that run now
+    std::uint64_t bytes_needed = 0;          ///< of all files that are copied
+    std::optional<std::uint64_t> bytes_free; ///< where the install folder lies
     /// Sources that are not there: an installation would stop at the first of them.
     std::vector<misc::path> missing_sources;
 };

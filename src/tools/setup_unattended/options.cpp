@@ -1,7 +1,7 @@
 #include "tools/setup_unattended/options.h"
 
-#include <array>
 #include <algorithm>
+#include <array>
 
 namespace nrd::tools {
 
@@ -17,7 +17,8 @@ const char* const usage_text =
     "  --lang CODE     language of the texts\n"
     "  --help          this text\n"
     "\n"
-    "Exit status: 0 installed (or plan made), 1 start-up or configuration failed, 2 wrong options,\n"
+    "Exit status: 0 installed (or plan made), 1 start-up or configuration failed, 2 wrong "
+    "options,\n"
     "3 blocked by running programs, 4 installation failed, 5 install folder refused.\n";
 
 namespace {

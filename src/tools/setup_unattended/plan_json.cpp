@@ -76,7 +76,8 @@ json to_json(const spec_plan& plan)
     }
     json path_entries = json::array();
     for (const installation::path_entry_decision& each : plan.path_entries) {
-        path_entries.push_back({{"app_code", to_utf8(each.app_code)}, {"path", to_utf8(each.path)}});
+        path_entries.push_back(
+            {{"app_code", to_utf8(each.app_code)}, {"path", to_utf8(each.path)}});
     }
     return {{"app_name", plan.app_name},
             {"working_directory", to_utf8(plan.working_directory)},

@@ -3,6 +3,7 @@
 #include "tools/setup_unattended/verdict_words.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,7 +15,7 @@ using misc::to_utf8;
 
 namespace {
 
-/// Rows whose columns are as wide as their widest cell; the last column is as long as it is.
+/// Rows whose columns are as wide as their widest cell.
 class table {
 public:
     void add(std::vector<std::string> row) { rows_.push_back(std::move(row)); }
@@ -26,11 +27,12 @@ public:
         }
         out << '\n' << heading << '\n';
         for (const std::vector<std::string>& row : rows_) {
-            std::string line = "  ";
-            for (std::size_t i = 0; i + 1 < row.size(); ++i) {
-                line += row[i] + std::string(width(i) - columns(row[i]) + 2, ' ');
+            std::string line;
+            for (std::size_t i = 0; i < row.size(); ++i) {
+                line += "  " + row[i] + std::string(width(i) - columns(row[i]), ' ');
             }
-            out << line << row.back() << '\n';
+            line.erase(line.find_last_not_of(' ') + 1);
+            out << line << '\n';
         }
     }
 
@@ -51,11 +53,6 @@ private:
 
     std::vector<std::vector<std::string>> rows_;
 };
-
-std::string quoted(const misc::text32& text)
-{
-    return '"' + to_utf8(text) + '"';
-}
 
 void print_packages(const spec_plan& plan, std::ostream& out)
 {
@@ -96,18 +93,24 @@ void print_folders(const spec_plan& plan, std::ostream& out)
     written.print(out, "Files written by the installer");
 }
 
+std::string data_text(const std::optional<misc::text32>& data)
+{
+    return data ? '"' + to_utf8(*data) + '"' : "(none)";
+}
+
 void print_registry(const spec_plan& plan, std::ostream& out)
 {
     table registry;
     for (const planned_change& each : plan.registry) {
-        const std::string before = each.before ? quoted(*each.before) : "(none)";
-        const bool sets = each.kind == change_kind::set_value;
-        const bool deletes = each.kind == change_kind::delete_value;
-        registry.add({words_of(each.kind), to_utf8(each.key),
-                      sets || deletes ? quoted(each.name) : "",
-                      sets      ? before + " -> " + quoted(each.data)
-                      : deletes ? before + " -> (none)"
-                                : ""});
+        std::vector<std::string> row = {words_of(each.kind), to_utf8(each.key)};
+        if (each.kind == change_kind::set_value || each.kind == change_kind::delete_value) {
+            const bool sets = each.kind == change_kind::set_value;
+            row.push_back(data_text(each.name));
+            row.push_back(data_text(each.before));
+            row.push_back("->");
+            row.push_back(data_text(sets ? std::optional(each.data) : std::nullopt));
+        }
+        registry.add(row);
     }
     registry.print(out, "Registry");
 }
@@ -158,8 +161,9 @@ void print_plan(const install_plan& plan, std::ostream& out)
         ends.add({"running program", each});
     }
     ends.print(out, "An installation would stop at");
-    out << "\nBytes needed: " << plan.bytes_needed << ", bytes free: "
-        << (plan.bytes_free ? std::to_string(*plan.bytes_free) : "unknown") << '\n';
+    out << "\nBytes needed: " << plan.bytes_needed
+        << ", bytes free: " << (plan.bytes_free ? std::to_string(*plan.bytes_free) : "unknown")
+        << '\n';
     out << "Nothing was changed.\n";
 }
 

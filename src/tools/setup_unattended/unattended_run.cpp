@@ -118,13 +118,14 @@ exit_code unattended_run::start_up()
                         std::string("SDL cannot start: ") + SDL_GetError());
         }
         if (result == vs_installer::startup_result::locations_not_configured) {
-            return fail(exit_code::not_configured, "There is no install.xml in the package " +
-                                                       to_utf8(startup_.package_root));
+            return fail(exit_code::not_configured,
+                        "There is no install.xml in the package " + to_utf8(startup_.package_root));
         }
     } catch (const std::exception& error) {
         return fail(exit_code::not_configured,
-                    startup_.xml_errors.empty() ? package_text() + " cannot be used: " + reason_of(error)
-                                                : text_of(startup_.xml_errors.front()));
+                    startup_.xml_errors.empty()
+                        ? package_text() + " cannot be used: " + reason_of(error)
+                        : text_of(startup_.xml_errors.front()));
     }
     // An install.xml behind the first may be malformed and yet go unnoticed so far.
     return startup_.xml_errors.empty()
@@ -137,9 +138,10 @@ exit_code unattended_run::set_install_path()
     try {
         install_path_ =
             options_.path ? *options_.path : startup_.specs.front().var_value(U"APP_INSTALL_PATH");
-        if (!installation::is_valid_install_path(misc::to_path(std::u32string_view(install_path_)))) {
-            return fail(exit_code::path_refused,
-                        "The folder \"" + to_utf8(install_path_) + "\" cannot be an install folder");
+        if (!installation::is_valid_install_path(
+                misc::to_path(std::u32string_view(install_path_)))) {
+            return fail(exit_code::path_refused, "The folder \"" + to_utf8(install_path_) +
+                                                     "\" cannot be an install folder");
         }
         install_path_ = installation::normalise_install_path(install_path_);
         for (installation::spec& each : startup_.specs) {
@@ -206,10 +208,9 @@ bool unattended_run::install_spec(const installation::spec& s, progress& shown)
         finished = installer::core::install(s, observer);
     } catch (const std::exception& error) {
         shown.end();
-        const std::string aside =
-            observer.backup_path()
-                ? "; the older installation was left in " + to_utf8(*observer.backup_path())
-                : "";
+        const std::string aside = observer.backup_path() ? "; the older installation was left in " +
+                                                               to_utf8(*observer.backup_path())
+                                                         : "";
         throw std::runtime_error(reason_of(error) + aside);
     }
     shown.end();
@@ -221,12 +222,11 @@ bool unattended_run::install_spec(const installation::spec& s, progress& shown)
         }
         return true;
     }
-    const std::string cause = observer.failure() ? to_utf8(observer.failure()->where) + ": " +
-                                                       observer.failure()->reason
-                                                 : "the engine gave no reason";
-    const std::string after = observer.backup_path()
-                                  ? "; the older installation was put back"
-                                  : "; what was copied before stays";
+    const std::string cause =
+        observer.failure() ? to_utf8(observer.failure()->where) + ": " + observer.failure()->reason
+                           : "the engine gave no reason";
+    const std::string after = observer.backup_path() ? "; the older installation was put back"
+                                                     : "; what was copied before stays";
     fail(exit_code::install_failed, "The installation failed at " + cause + after);
     return false;
 }
@@ -278,7 +278,9 @@ void unattended_run::write_json(exit_code code)
     const auto log = options_.plan ? std::nullopt : streams::stream_file_path("installer");
     nlohmann::ordered_json all = {
         {"exit_code", static_cast<int>(code)},
-        {"outcome", code != exit_code::done ? "failed" : options_.plan ? "planned" : "installed"},
+        {"outcome", code != exit_code::done ? "failed"
+                    : options_.plan         ? "planned"
+                                            : "installed"},
         {"install_path", to_utf8(install_path_)},
         {"log", log ? nlohmann::ordered_json(to_utf8(*log)) : nlohmann::ordered_json()}};
     all.update(json_);

@@ -19,9 +19,7 @@ namespace nrd::vs_installer {
 using misc::to_text32;
 using misc::to_utf8;
 
-startup::startup(std::vector<std::string> args) : args_(std::move(args))
-{
-}
+startup::startup(std::vector<std::string> args) : args_(std::move(args)) {}
 
 startup_result startup::run()
 {
@@ -47,9 +45,8 @@ startup_result startup::run()
 void startup::create_user_folders()
 {
     company_dir = misc::get_settings_folder() / "Tavrolen Corporation";
-    for (const misc::path& folder :
-         {company_dir / "log" / "installer", company_dir / "Velmora Studio 5",
-          company_dir / "shared"}) {
+    for (const misc::path& folder : {company_dir / "log" / "installer",
+                                     company_dir / "Velmora Studio 5", company_dir / "shared"}) {
         misc::create_directories(folder);
         installer_log(to_utf8(folder) + " created");
     }

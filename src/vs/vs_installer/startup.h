@@ -11,14 +11,14 @@ namespace nrd::vs_installer {
 
 enum class startup_result {
     ready,
-    toolkit_failed,       ///< SDL cannot start
+    toolkit_failed,           ///< SDL cannot start
     locations_not_configured, ///< there is no spec to complete
 };
 
 /// The way of every program of the package from its command line to specs that are complete for
-/// this machine. The steps stand in a fixed order, since later ones lean on earlier ones. Runs once,
-/// on the main thread. Nothing is caught here: bad packages end in the exceptions of the import and
-/// of configure_install_locations, folders that cannot be made in filesystem_error.
+/// this machine. The steps stand in a fixed order, since later ones lean on earlier ones. Runs
+/// once, on the main thread. Nothing is caught here: bad packages end in the exceptions of the
+/// import and of configure_install_locations, folders that cannot be made in filesystem_error.
 class startup {
 public:
     /// `args` are UTF-8, the program's name first.

@@ -76,9 +76,9 @@ misc::error_code copy_one(const misc::path& in, const misc::path& target)
 void copy_directory(const misc::path& in, const misc::path& out, installer_observer& observer)
 {
     installer_log("Is a directory");
-    make_folder(out,
-                {"Does not have permission to create directories.", "Failed to create directories."},
-                observer);
+    make_folder(
+        out, {"Does not have permission to create directories.", "Failed to create directories."},
+        observer);
     for (const misc::path& entry : misc::directory_entries(in)) {
         copy_recursive(entry, out / entry.filename(), observer);
     }
@@ -94,8 +94,8 @@ void copy_single(const misc::path& in, const misc::path& out, installer_observer
     observer.report({"installing", 0, {to_text32(in.filename())}});
     installer_log("Installing file.");
     throw_if_failed(copy_one(in, target),
-                    {"Does not have permission to install file.", "Failed to install file."}, target,
-                    observer);
+                    {"Does not have permission to install file.", "Failed to install file."},
+                    target, observer);
 }
 
 /// Ends the run if the observer does not let it go on.
@@ -116,8 +116,7 @@ void install_packs(const std::vector<package>& packages, const spec& s,
     installer_log("Install packs start.");
     for (const package& pack : packages) {
         const package_verdict verdict = judge(pack);
-        observer.decided(
-            installation::package_decision{pack.name, pack.os, pack.bits, verdict});
+        observer.decided(installation::package_decision{pack.name, pack.os, pack.bits, verdict});
         if (verdict == package_verdict::installed) {
             install_pack(pack, s, observer);
         }

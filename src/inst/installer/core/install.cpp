@@ -33,15 +33,17 @@ void configure_paths(spec& local)
 void create_shortcuts(const spec& work, spec& uninstall, installer_observer& observer)
 {
     for (const shortcut& each : work.shortcuts) {
+        if (each.os != U"win" && each.os != U"all") {
+            observer.decided(
+                installation::shortcut_decision{each.location, each.destination, false});
+            continue;
+        }
         const text32 location = work.expand(each.location);
         const text32 destination = work.expand(each.destination);
-        const bool applies = each.os == U"win" || each.os == U"all";
-        observer.decided(installation::shortcut_decision{location, destination, applies});
-        if (applies) {
-            const text32 link = misc::create_shortcut(location, destination);
-            // A link that could not be made leaves a record too, with an empty `out`.
-            uninstall.packages.at(0).filesets.emplace_back(destination, link, text32());
-        }
+        observer.decided(installation::shortcut_decision{location, destination, true});
+        const text32 link = misc::create_shortcut(location, destination);
+        // A link that could not be made leaves a record too, with an empty `out`.
+        uninstall.packages.at(0).filesets.emplace_back(destination, link, text32());
     }
 }
 

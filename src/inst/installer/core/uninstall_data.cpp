@@ -77,6 +77,7 @@ spec create_uninstall_spec(const spec& work, const misc::text32& final_path)
                 pack.filesets.erase(pack.filesets.begin() + static_cast<std::ptrdiff_t>(i));
             }
         }
+        pack.filesets.shrink_to_fit(); // up to half of the room was made ahead of need
     }
     return u;
 }
