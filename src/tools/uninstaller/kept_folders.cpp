@@ -1,0 +1,103 @@
+#include "tools/uninstaller/kept_folders.h"
+
+#include "misc/file_system.h"
+#include "misc/known_folders.h"
+
+#include <algorithm>
+
+namespace nrd::uninstaller {
+
+using misc::text32;
+using misc::to_path;
+using misc::to_text32;
+
+namespace {
+
+constexpr misc::known_folder folders_of_system[] = {
+    misc::known_folder::roaming,       misc::known_folder::local,
+    misc::known_folder::desktop,       misc::known_folder::program_data,
+    misc::known_folder::program_files, misc::known_folder::documents,
+    misc::known_folder::fonts,         misc::known_folder::common_programs,
+    misc::known_folder::system,        misc::known_folder::profile,
+    misc::known_folder::windows,
+};
+
+/// Upper case, single backslashes, and one at the end, so that what lies in a folder begins with
+/// it.
+std::u16string path_key(const misc::path& p)
+{
+    const text32 plain = misc::collapse_repeated(
+        misc::replace_separators(to_text32(misc::absolute(p)) + U"\\"), U'\\');
+    return misc::name_key(misc::to_utf16(plain));
+}
+
+bool is_or_lies_in(const std::u16string& key, const std::u16string& folder)
+{
+    return key.starts_with(folder);
+}
+
+bool lies_strictly_in(const std::u16string& key, const std::u16string& folder)
+{
+    return key.size() > folder.size() && key.starts_with(folder);
+}
+
+bool is_composed(const installation::var& each)
+{
+    return each.value.find(U"${") != each.value.npos;
+}
+
+} // namespace
+
+kept_folders::kept_folders(const installation::spec& s)
+    : install_folder_(path_key(to_path(std::u32string_view(s.var_value(U"APP_INSTALL_PATH")))))
+{
+    for (const misc::known_folder each : folders_of_system) {
+        if (const misc::path folder = misc::query_known_folder(each); !folder.empty()) {
+            of_system_.push_back(path_key(folder));
+        }
+    }
+    for (const installation::var& each : s.vars) {
+        const misc::path folder = to_path(std::u32string_view(s.expand(each.value)));
+        if (!folder.is_absolute() || is_composed(each)) {
+            continue;
+        }
+        if (each.name == U"DEFAULT_PROGRAM_DIRECTORY") {
+            of_system_.push_back(path_key(folder));
+        } else {
+            named_.push_back(folder);
+        }
+    }
+}
+
+bool kept_folders::holds(const misc::path& folder) const
+{
+    const std::u16string key = path_key(folder);
+    const auto is_in_it = [&key](const std::u16string& kept) { return is_or_lies_in(kept, key); };
+    if (folder.relative_path().empty() || is_in_it(install_folder_) ||
+        std::any_of(of_system_.begin(), of_system_.end(), is_in_it)) {
+        return true;
+    }
+    // What lies in the install folder is the product's, whatever names it.
+    return !lies_strictly_in(key, install_folder_) &&
+           std::any_of(named_.begin(), named_.end(),
+                       [&](const misc::path& named) { return is_in_it(path_key(named)); });
+}
+
+bool kept_folders::others_in_install_folder() const
+{
+    return std::any_of(of_system_.begin(), of_system_.end(),
+                       [this](const std::u16string& kept) {
+                           return is_or_lies_in(kept, install_folder_);
+                       }) ||
+           std::any_of(named_.begin(), named_.end(), [this](const misc::path& named) {
+               return lies_strictly_in(path_key(named), install_folder_) &&
+                      misc::is_directory(named);
+           });
+}
+
+bool is_or_lies_in(const misc::path& p, const misc::path& folder)
+{
+    return is_or_lies_in(path_key(p), path_key(folder));
+}
+
+} // namespace nrd::uninstaller
