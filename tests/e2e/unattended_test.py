@@ -1,0 +1,260 @@
+"""setup_unattended from outside: what it leaves on the machine, and how it tells what went wrong."""
+
+import json
+import shutil
+import subprocess
+import unittest
+
+from machine import IS_WINDOWS, Machine
+from package import FILES, FOUR_PACKAGES, VARS, Package, install_xml
+
+INSTALLED = {"one.txt": b"one", "folder/two.txt": b"two", "folder/deep/é漢.txt": b"three",
+             "last.txt": b"last"}
+TARGET = "Program Files/Trial"
+
+
+class MachineTest(unittest.TestCase):
+    machine_facts = None
+
+    def setUp(self):
+        self.machine = Machine(self.machine_facts)
+        self.addCleanup(self.machine.close)
+        self.package = Package()
+        self.addCleanup(self.package.close)
+
+    def run_unattended(self, *args):
+        return self.machine.run(self.package.unattended, *args)
+
+    def expect(self, code, *words, args=()):
+        """A run that ends with this code and says these words in its one sentence."""
+        ended = self.run_unattended(*args)
+        self.assertEqual(ended.returncode, code, ended.stdout + ended.stderr)
+        for word in words:
+            self.assertIn(word, ended.stderr)
+        if code != 2:
+            self.assertRegex(ended.stderr, r"\((log|no log|a plan writes no log)")
+        self.assertEqual(ended.stderr.count("\n"), 1, ended.stderr)
+        return ended
+
+
+class Installs(MachineTest):
+    def test_a_clean_install_is_complete_and_listed(self):
+        self.package.add(0, install_xml(rest="""
+            <registry><key path="SOFTWARE\\Trial" name="Path" data="${APP_INSTALL_PATH}x"/></registry>
+            <path_entries><path_entry path="${APP_INSTALL_PATH}lib" app_code="TRIAL"/></path_entries>
+            <shortcuts><shortcut location="${START_MENU}\\Trial" destination="C:\\x.exe"/>
+            <shortcut location="${START_MENU}\\Mac" destination="x" os="mac"/></shortcuts>"""))
+        ended = self.run_unattended()
+        self.assertEqual(ended.returncode, 0, ended.stderr)
+        self.assertIn("no log", ended.stdout)
+        self.assertEqual(self.machine.files(TARGET), INSTALLED)
+        path = "C:\\Program Files\\Trial\\"
+        self.assertEqual(self.machine.uninstall_values("Trial"), {
+            "UninstallString": f'"{path}uninstaller.dir\\uninstall.bat"',
+            "InstallLocation": f'"{path}"', "DisplayName": "Trial", "DisplayVersion": "1.0",
+            "Publisher": "Tavrolen Corporation"})
+        self.assertEqual(self.machine.registry(r"HKLM\SOFTWARE\Trial"),
+                         {r"HKEY_LOCAL_MACHINE\SOFTWARE\Trial": {"Path": path + "x"}})
+        data = self.machine.drive / "ProgramData"
+        index = (data / "Tavrolen Corporation" / "tvl_path_index.txt").read_text()
+        self.assertEqual(index.replace("\r", ""), f"TRIAL\t0\t{path}lib\n")
+        links = [file.name for file in data.rglob("*.lnk")]
+        self.assertEqual(links, ["Trial.lnk"])
+
+    def test_the_second_run_has_a_log_of_the_whole_story(self):
+        self.package.add(0, install_xml())
+        self.assertEqual(self.run_unattended().returncode, 0)
+        self.assertEqual(self.machine.log_files(), [])
+        ended = self.run_unattended()
+        self.assertIn("log: ", ended.stdout)
+        lines = self.machine.newest_log()
+        story = ["Starting VS5 install.", "Command line args:", "SDL init.", "Searching children.",
+                 "Importing xml specs.", "Import successful.", "Configuring install locations.",
+                 "32 bit COREL installer running on 64 bit Windows.", "Preventing 32 bit install.",
+                 "Start of install.", "installation already exists", "Install packs start.",
+                 "Creating uninstall bat file.", "Installing reg keys.", "Finished install."]
+        places = [lines.index(line) if line in lines else line for line in story]
+        self.assertTrue(all(isinstance(place, int) for place in places), places)
+        self.assertEqual(places, sorted(places))
+        self.assertEqual(self.machine.files(TARGET), INSTALLED)
+        folders = [entry.name for entry in (self.machine.drive / "Program Files").iterdir()]
+        self.assertEqual([name for name in folders if name.startswith("Trial")], ["Trial"])
+
+    def test_two_numbered_folders_go_to_one_folder_that_the_user_names(self):
+        self.package.add(0, install_xml())
+        self.package.add(1, install_xml(
+            VARS | {"APP_NAME": "More"},
+            '<package os="win" bits="all"><filesets><fileset in="m.txt" '
+            'out="${APP_INSTALL_PATH}m.txt"/></filesets></package>'), {"m.txt": "more"})
+        ended = self.run_unattended("--path", "C:/Tools//Both")
+        self.assertEqual(ended.returncode, 0, ended.stderr)
+        self.assertEqual(self.machine.files("Tools/Both"), INSTALLED | {"m.txt": b"more"})
+
+    def test_preferences_and_desktop_can_lie_elsewhere(self):
+        self.package.add(0, install_xml(rest='<shortcuts><shortcut location="${DESKTOP}\\T" '
+                                             'destination="x"/></shortcuts>'))
+        for _ in range(2):
+            self.assertEqual(self.run_unattended("--prefs", "C:\\prefs", "--desktop",
+                                                 "C:\\desk").returncode, 0)
+        self.assertTrue((self.machine.drive / "desk" / "T.lnk").is_file())
+        logs = self.machine.drive / "prefs" / "Tavrolen Corporation" / "log" / "installer"
+        self.assertEqual(len(list(logs.iterdir())), 1)
+
+
+class Plans(MachineTest):
+    def plan(self):
+        file = self.package.root / "plan.json"
+        name = "Z:" + str(file) if IS_WINDOWS else str(file)
+        ended = self.run_unattended("--plan", "--json", name)
+        self.assertEqual(ended.returncode, 0, ended.stderr)
+        return ended.stdout, json.loads(file.read_text(encoding="utf-8"))
+
+    def test_a_plan_changes_nothing_and_an_install_does_just_what_it_says(self):
+        self.package.add(0, install_xml(rest='<registry><key path="SOFTWARE\\Trial" name="a" '
+                                             'data="b"/></registry>'))
+        before = self.machine.everything()
+        table, plan = self.plan()
+        self.assertEqual(self.machine.everything(), before)
+        self.assertIn("C:\\Program Files\\Trial\\folder\\deep\\é漢.txt", table)
+        spec = plan["plan"]["specs"][0]
+        copied = {file["target"] for package in spec["packages"]
+                  for fileset in package["filesets"] for file in fileset["files"]}
+        self.assertEqual(self.run_unattended().returncode, 0)
+        names = {"C:\\Program Files\\Trial\\" + name.replace("/", "\\")
+                 for name in self.machine.files(TARGET)}
+        self.assertEqual(copied, names)
+        set_values = {entry["name"]: entry["data"] for entry in spec["registry"]
+                      if entry["change"] == "set value" and "Uninstall" in entry["key"]}
+        self.assertEqual(self.machine.uninstall_values("Trial"), set_values)
+        self.assertEqual(plan["plan"]["bytes_needed"], sum(map(len, INSTALLED.values())))
+        self.assertGreater(plan["plan"]["bytes_free"], 0)
+
+        _, again = self.plan()
+        second = again["plan"]["specs"][0]
+        self.assertTrue(second["back_up"])
+        values = [entry for entry in second["registry"] if entry["change"] == "set value"]
+        self.assertEqual([entry["before"] for entry in values], [entry["data"] for entry in values])
+
+    def test_a_plan_lists_what_an_install_would_stop_at(self):
+        folder = self.package.add(0, install_xml())
+        (folder / "files" / "last.txt").unlink()
+        table, plan = self.plan()
+        self.assertIn("source missing", table)
+        self.assertEqual(plan["plan"]["missing_sources"], ["files\\last.txt"])
+
+
+class Failures(MachineTest):
+    def test_a_faulty_package_is_told_in_a_sentence(self):
+        self.expect(1, "no install.xml")
+        folder = self.package.add(0, "<installation>\n<vars>\n</installation>")
+        self.expect(1, "install.xml:3:", "mismatch")
+        for without in ("APP_NAME", "INSTALLER_CODE", "APP_INSTALL_PATH"):
+            variables = {name: value for name, value in VARS.items() if name != without}
+            self.package.add(0, install_xml(variables))
+            self.expect(1, f"Var not found: {without}", "install.xml")
+        self.package.add(0, install_xml(packages=""))
+        self.expect(1, "only 0 packages")
+        (folder / "install.xml").write_text("#include part.xml\n")
+        self.expect(1, "install.xml:1: #include without a quoted file name")
+
+    def test_options_that_are_not_understood_are_refused(self):
+        self.package.add(0, install_xml())
+        self.expect(2, "--pth", args=("--pth", "x"))
+        self.expect(2, "--path", args=("--path",))
+        self.expect(2, "cannot be written", args=("--json", "/no/such/folder/file"))
+        self.assertEqual(self.machine.files(TARGET), {})
+
+    def test_a_folder_that_is_no_place_for_a_program_is_refused(self):
+        self.package.add(0, install_xml())
+        windows = "C:\\windows" if IS_WINDOWS else "C:\\Windows"
+        for folder in ("C:\\", "", windows, "C:\\Program Files (x86)"):
+            self.expect(5, f'"{folder}"', args=("--path", folder))
+        self.assertEqual(self.run_unattended("--path", windows + "\\x").returncode, 0)
+
+    def test_a_running_program_blocks(self):
+        self.package.add(0, install_xml(rest='<block_processes><p name="Blocking" os="win"/>'
+                                             '<p name="Other.exe" os="all"/></block_processes>'))
+        blocking = self.package.root / "Blocking.exe"
+        if IS_WINDOWS:
+            self.machine.run("cmd", "/c", "exit")  # two programs must not start the machine at once
+            shutil.copy2(self.machine.drive / "windows" / "syswow64" / "cmd.exe", blocking)
+            command = self.machine.command(blocking, "/c", "pause")
+        else:
+            shutil.copy2("/bin/sleep", blocking)
+            command = [blocking, "60"]
+        running = subprocess.Popen(command, env=self.machine.environment, stdin=subprocess.PIPE,
+                                   stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        try:
+            if IS_WINDOWS:
+                running.stdout.read(1)  # it asks for a key, so it runs
+            self.expect(3, "Blocking")
+            self.assertEqual(self.machine.files(TARGET), {})
+        finally:
+            if not IS_WINDOWS:
+                running.kill()
+            running.communicate(b"\n")
+        self.assertEqual(self.run_unattended().returncode, 0)
+
+    def test_a_missing_source_ends_a_first_install_where_it_is(self):
+        folder = self.package.add(0, install_xml())
+        (folder / "files" / "last.txt").unlink()
+        self.expect(4, "files\\last.txt", "does not exist", args=("--quiet",))
+        self.assertNotIn("last.txt", self.machine.files(TARGET))
+        self.assertIn("one.txt", self.machine.files(TARGET))
+        self.assertIsNone(self.machine.uninstall_values("Trial"))
+
+    def test_a_failed_second_install_brings_the_first_back_byte_for_byte(self):
+        folder = self.package.add(0, install_xml())
+        self.assertEqual(self.run_unattended().returncode, 0)
+        added = self.machine.drive / TARGET / "of the user.txt"
+        added.write_bytes(b"mine")
+        added.chmod(0o444)
+        before = self.machine.files(TARGET)
+        (folder / "files" / "one.txt").write_text("newer")
+        (folder / "files" / "last.txt").unlink()
+        self.expect(4, "files\\last.txt", "put back", args=("--quiet",))
+        self.assertEqual(self.machine.files(TARGET), before)
+
+    def test_a_target_that_cannot_be_written_is_named(self):
+        self.package.add(0, install_xml())
+        if IS_WINDOWS:
+            # A file stands where a folder must be made.
+            target = self.machine.drive / TARGET / "folder"
+            target.parent.mkdir(parents=True)
+            target.write_bytes(b"old")
+        else:
+            target = self.machine.drive / TARGET / "last.txt"
+            facts = {"denied": ["C:\\Program Files\\Trial\\last.txt"]}
+            (self.machine.folder / "machine.json").write_text(json.dumps(facts))
+        self.expect(4, "C:\\Program Files\\Trial\\" + target.name, args=("--quiet",))
+        self.assertIsNone(self.machine.uninstall_values("Trial"))
+
+
+class OldMachine(MachineTest):
+    """Only a machine folder can be a 32-bit Windows."""
+
+    machine_facts = {"bits": 32}
+
+    def test_a_32_bit_windows_gets_what_is_for_it(self):
+        self.package.add(0, install_xml(), FILES | {"files/old/o.txt": "old"})
+        self.assertEqual(self.run_unattended().returncode, 0)
+        self.assertEqual(self.run_unattended().returncode, 0)
+        expected = {name: data for name, data in INSTALLED.items() if name != "one.txt"}
+        self.assertEqual(self.machine.files(TARGET), expected | {"old/o.txt": b"old"})
+        self.assertIn("32 bit COREL installer running on 32 bit Windows.", self.machine.newest_log())
+
+
+if IS_WINDOWS:
+    del OldMachine
+
+
+class Setup(MachineTest):
+    def test_the_start_up_ends_well_and_without_a_package_it_does_not(self):
+        self.assertEqual(self.machine.run(self.package.setup).returncode, 1)
+        self.assertEqual(self.machine.run(self.package.setup).returncode, 1)
+        self.assertEqual(self.machine.newest_log()[-2:],
+                         ["No xml to import.", "Configuring install locations failed."])
+        self.package.add(0, install_xml(packages=FOUR_PACKAGES))
+        self.assertEqual(self.machine.run(self.package.setup, "--lang", "de").returncode, 0)
+        (self.package.root / "0" / "product" / "install.xml").write_text("<installation>")
+        self.assertNotIn(self.machine.run(self.package.setup).returncode, (0, 1))
