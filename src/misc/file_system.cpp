@@ -252,6 +252,11 @@ void remove_all(const path& p, error_code& ec)
 
 path canonical(const path& p)
 {
+    const planned_changes* plan = planned_changes::active();
+    if (plan != nullptr && plan->status(p) && !missing(p)) {
+        path whole = misc::absolute(p).make_preferred();
+        return whole.filename() == path(".") ? whole.parent_path() : whole;
+    }
     error_code ec = make_error_code(boost::system::errc::no_such_file_or_directory);
     const fs::path host = p.empty() ? fs::path() : fs::canonical(to_host(p), ec);
     if (ec) {

@@ -4,7 +4,7 @@ namespace nrd::misc {
 
 std::string to_utf8(const path& p)
 {
-    return to_utf8(to_text32(p));
+    return to_utf8(replace_separators(to_text32(p)));
 }
 
 std::string describe_call(std::string_view name, std::initializer_list<path> paths)

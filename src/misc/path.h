@@ -19,6 +19,7 @@ path to_path(std::string_view utf8);
 /// The path's text as it stands, separators unchanged. Not for what only converts to a path, as
 /// any string does on Windows, there by way of the ANSI code page.
 template <std::same_as<path> Path> text32 to_text32(const Path& p);
+/// For people and logs: with backslashes, however it was written.
 std::string to_utf8(const path& p);
 
 /// A call as it stands in the log: the name, "(", the paths joined by "," and ")".

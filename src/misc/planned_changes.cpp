@@ -148,7 +148,6 @@ void planned_changes::rename(const path& from, const path& to)
     std::vector<made_file> moved;
     make_copy(from, to, moved);
     make_gone(from);
-    make_gone(to);
     for (const made_file& each : moved) {
         make(each.where, each.type, each.bytes);
     }

@@ -9,6 +9,8 @@ text32 create_shortcut(const text32& location, const text32& destination)
 {
     const path link = to_path(std::u32string_view(location + U".lnk"));
     if (planned_changes* plan = planned_changes::active()) {
+        error_code ec;
+        create_directories(link.parent_path(), ec);
         plan->create_shortcut(link, destination);
         return to_text32(link);
     }

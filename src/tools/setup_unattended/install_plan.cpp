@@ -59,7 +59,7 @@ private:
 
     void add(const installation::shortcut_decision& each) { plan_.shortcuts.push_back(each); }
     void add(const installation::path_entry_decision& each) { plan_.path_entries.push_back(each); }
-    void add(const installation::failure_decision&) {}
+    void add(const installation::failure_decision& each) { whole_.failures.push_back(each); }
 
     /// The path index is written once for each entry.
     void add_written_file(const misc::path& file)

@@ -6,7 +6,7 @@
 
 int main(int argc, char* argv[])
 {
-    nrd::tools::use_utf8_terminal();
+    const nrd::tools::utf8_terminal terminal;
     nrd::tools::unattended_run run(std::vector<std::string>(argv, argv + argc), std::cout,
                                    std::cerr);
     return static_cast<int>(run.run());

@@ -100,8 +100,13 @@ json plan_to_json(const install_plan& plan)
     for (const spec_plan& each : plan.specs) {
         specs.push_back(to_json(each));
     }
+    json failures = json::array();
+    for (const installation::failure_decision& each : plan.failures) {
+        failures.push_back({{"where", to_utf8(each.where)}, {"reason", each.reason}});
+    }
     return {{"blockers", plan.blockers},
             {"missing_sources", texts(plan.missing_sources)},
+            {"failures", failures},
             {"bytes_needed", plan.bytes_needed},
             {"bytes_free", plan.bytes_free ? json(*plan.bytes_free) : json()},
             {"specs", specs}};

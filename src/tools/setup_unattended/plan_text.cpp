@@ -157,6 +157,9 @@ void print_plan(const install_plan& plan, std::ostream& out)
     for (const misc::path& each : plan.missing_sources) {
         ends.add({"missing source", to_utf8(each)});
     }
+    for (const installation::failure_decision& each : plan.failures) {
+        ends.add({each.reason, to_utf8(each.where)});
+    }
     for (const std::string& each : plan.blockers) {
         ends.add({"running program", each});
     }

@@ -74,7 +74,10 @@ exit_code unattended_run::run()
         return exit_code::wrong_options;
     }
     const exit_code code = run_steps();
-    write_json(code);
+    if (!write_json(code)) {
+        return fail(code == exit_code::done ? exit_code::not_configured : code,
+                    "The file " + *options_.json_file + " could not be written to its end");
+    }
     return code;
 }
 
@@ -122,9 +125,12 @@ exit_code unattended_run::start_up()
                         "There is no install.xml in the package " + to_utf8(startup_.package_root));
         }
     } catch (const std::exception& error) {
+        // A spec is there as soon as its file is imported; when all are, the first is completed.
+        const std::size_t imported = startup_.specs.size();
+        const std::size_t faulty = imported < startup_.xml_paths.size() ? imported : 0;
         return fail(exit_code::not_configured,
                     startup_.xml_errors.empty()
-                        ? package_text() + " cannot be used: " + reason_of(error)
+                        ? package_text(faulty) + " cannot be used: " + reason_of(error)
                         : text_of(startup_.xml_errors.front()));
     }
     // An install.xml behind the first may be malformed and yet go unnoticed so far.
@@ -135,6 +141,7 @@ exit_code unattended_run::start_up()
 
 exit_code unattended_run::set_install_path()
 {
+    std::size_t position = 0;
     try {
         install_path_ =
             options_.path ? *options_.path : startup_.specs.front().var_value(U"APP_INSTALL_PATH");
@@ -144,12 +151,12 @@ exit_code unattended_run::set_install_path()
                                                      "\" cannot be an install folder");
         }
         install_path_ = installation::normalise_install_path(install_path_);
-        for (installation::spec& each : startup_.specs) {
-            each.set_var(U"APP_INSTALL_PATH", install_path_);
+        for (; position < startup_.specs.size(); ++position) {
+            startup_.specs[position].set_var(U"APP_INSTALL_PATH", install_path_);
         }
     } catch (const std::exception& error) {
         return fail(exit_code::not_configured,
-                    package_text() + " cannot be used: " + reason_of(error));
+                    package_text(position) + " cannot be used: " + reason_of(error));
     }
     return exit_code::done;
 }
@@ -245,10 +252,10 @@ exit_code unattended_run::plan()
     return exit_code::done;
 }
 
-std::string unattended_run::package_text() const
+std::string unattended_run::package_text(std::size_t position) const
 {
-    return "The package " + (startup_.xml_paths.empty() ? to_utf8(startup_.package_root)
-                                                        : to_utf8(startup_.xml_paths.front()));
+    const bool known = position < startup_.xml_paths.size();
+    return "The package " + to_utf8(known ? startup_.xml_paths[position] : startup_.package_root);
 }
 
 std::string unattended_run::log_text() const
@@ -270,10 +277,10 @@ exit_code unattended_run::fail(exit_code code, const std::string& sentence)
     return code;
 }
 
-void unattended_run::write_json(exit_code code)
+bool unattended_run::write_json(exit_code code)
 {
     if (!json_file_.is_open()) {
-        return;
+        return true;
     }
     const auto log = options_.plan ? std::nullopt : streams::stream_file_path("installer");
     nlohmann::ordered_json all = {
@@ -285,6 +292,8 @@ void unattended_run::write_json(exit_code code)
         {"log", log ? nlohmann::ordered_json(to_utf8(*log)) : nlohmann::ordered_json()}};
     all.update(json_);
     json_file_ << all.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';
+    json_file_.close();
+    return !json_file_.fail();
 }
 
 } // namespace nrd::tools

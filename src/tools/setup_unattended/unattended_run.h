@@ -42,10 +42,12 @@ private:
     exit_code plan();
     bool install_spec(const installation::spec& s, class progress& shown);
     [[nodiscard]] std::size_t count_all_files() const;
-    [[nodiscard]] std::string package_text() const;
+    /// The install.xml at `position`, or the package as a whole if there is none.
+    [[nodiscard]] std::string package_text(std::size_t position) const;
     [[nodiscard]] std::string log_text() const;
     exit_code fail(exit_code code, const std::string& sentence);
-    void write_json(exit_code code);
+    /// False if there is a file to write and it was not written to its end.
+    bool write_json(exit_code code);
 
     std::vector<std::string> args_;
     std::ostream& out_;

@@ -41,6 +41,24 @@ bool lies_strictly_in(const std::u16string& key, const std::u16string& folder)
     return key.size() > folder.size() && key.starts_with(folder);
 }
 
+/// The folder right below `top` that leads to `p`.
+misc::path topmost_below(const std::u16string& top, misc::path p)
+{
+    while (lies_strictly_in(path_key(p.parent_path()), top)) {
+        p = p.parent_path();
+    }
+    return p;
+}
+
+bool holds_files(const misc::path& folder)
+{
+    try {
+        return misc::count_files_below(folder) > 0;
+    } catch (const misc::filesystem_error&) {
+        return true; // what cannot be looked at is not ours
+    }
+}
+
 bool is_composed(const installation::var& each)
 {
     return each.value.find(U"${") != each.value.npos;
@@ -73,12 +91,8 @@ bool kept_folders::holds(const misc::path& folder) const
 {
     const std::u16string key = path_key(folder);
     const auto is_in_it = [&key](const std::u16string& kept) { return is_or_lies_in(kept, key); };
-    if (folder.relative_path().empty() || is_in_it(install_folder_) ||
-        std::any_of(of_system_.begin(), of_system_.end(), is_in_it)) {
-        return true;
-    }
-    // What lies in the install folder is the product's, whatever names it.
-    return !lies_strictly_in(key, install_folder_) &&
+    return folder.relative_path().empty() || is_in_it(install_folder_) ||
+           std::any_of(of_system_.begin(), of_system_.end(), is_in_it) ||
            std::any_of(named_.begin(), named_.end(),
                        [&](const misc::path& named) { return is_in_it(path_key(named)); });
 }
@@ -91,7 +105,8 @@ bool kept_folders::others_in_install_folder() const
                        }) ||
            std::any_of(named_.begin(), named_.end(), [this](const misc::path& named) {
                return lies_strictly_in(path_key(named), install_folder_) &&
-                      misc::is_directory(named);
+                      misc::is_directory(named) &&
+                      holds_files(topmost_below(install_folder_, named));
            });
 }
 

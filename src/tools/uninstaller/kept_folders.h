@@ -20,8 +20,8 @@ public:
     /// True for a kept folder, for any that one lies in, and for the top of a drive.
     [[nodiscard]] bool holds(const misc::path& folder) const;
 
-    /// True if someone else's folder is the install folder or, at the moment of the question, lies
-    /// in it.
+    /// True if the install folder is the system's or holds a folder of the system's, or if a kept
+    /// folder lies in it among files, at the moment of the question.
     [[nodiscard]] bool others_in_install_folder() const;
 
 private:

@@ -16,8 +16,8 @@ struct removal_result {
 /// Undoes the install that `s`, the content of an uninstall.xml, was written by. The install folder
 /// itself stays, and what is in it without being listed. Nothing is given up on because something
 /// before it could not be removed. Throws std::invalid_argument, before anything is removed,
-/// without "APP_NAME" or "APP_INSTALL_PATH", and
-/// filesystem_error if the uninstaller's own folder cannot be read.
+/// without "APP_NAME" or "APP_INSTALL_PATH", and filesystem_error if the uninstaller's own folder
+/// cannot be read.
 removal_result remove_installation(const installation::spec& s);
 
 } // namespace nrd::uninstaller

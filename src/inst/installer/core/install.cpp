@@ -11,6 +11,8 @@
 #include "misc/shell.h"
 #include "streams/installer_log.h"
 
+#include <stdexcept>
+
 namespace nrd::installer::core {
 
 using installation::installer_observer;
@@ -43,7 +45,10 @@ void create_shortcuts(const spec& work, spec& uninstall, installer_observer& obs
         observer.decided(installation::shortcut_decision{location, destination, true});
         const text32 link = misc::create_shortcut(location, destination);
         // A link that could not be made leaves a record too, with an empty `out`.
-        uninstall.packages.at(0).filesets.emplace_back(destination, link, text32());
+        if (uninstall.packages.empty()) {
+            throw std::out_of_range("A shortcut needs a package, and the install.xml has none");
+        }
+        uninstall.packages.front().filesets.emplace_back(destination, link, text32());
     }
 }
 

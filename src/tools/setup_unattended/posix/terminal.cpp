@@ -15,9 +15,10 @@ std::size_t terminal_width()
     return known ? size.ws_col : 80;
 }
 
-void use_utf8_terminal()
-{
-    // Terminals here take it as it is.
-}
+// Terminals here take both as they are.
+
+utf8_terminal::utf8_terminal() = default;
+
+utf8_terminal::~utf8_terminal() = default;
 
 } // namespace nrd::tools
