@@ -11,6 +11,9 @@ from machine import IS_WINDOWS, PROGRAMS, SUFFIX, TOOLS, UNINSTALL, Machine
 PACKAGE = Path(os.environ["VS5_PACKAGE"])
 NAME = "Velmora Studio 5"
 SETTINGS = r"HKLM\SOFTWARE\Tavrolen Corporation"
+# Windows shows the classes root as a part of the local machine too.
+ROOT = r"HKLM\SOFTWARE\Classes" if IS_WINDOWS else "HKEY_CLASSES_ROOT"
+CLASSES = [f"{ROOT}\\.vs5job", f"{ROOT}\\VelmoraStudio5.Job"]
 LAUNCHER = r"HKLM\SOFTWARE\Corel\AppLauncher"
 
 
@@ -40,8 +43,11 @@ class SamplePackage(unittest.TestCase):
     def uninstall(self):
         folder = self.machine.drive / "Program Files" / NAME / "uninstaller.dir"
         if IS_WINDOWS:
-            command = self.machine.uninstall_values(NAME)["UninstallString"]
-            return self.machine.run("cmd", "/c", command.strip('"'))
+            # Wine keeps a running batch file open, so that its folder could not go: run a copy.
+            (self.machine.drive / "u.bat").write_bytes((folder / "uninstall.bat").read_bytes())
+            ended = self.machine.run("cmd", "/c", "C:\\u.bat")
+            (self.machine.drive / "u.bat").unlink()
+            return ended
         # Nothing runs a batch file here, so the program is started as the batch would do it.
         with tempfile.TemporaryDirectory() as temporary:
             copy = Path(temporary)
@@ -61,8 +67,11 @@ class SamplePackage(unittest.TestCase):
         self.assertEqual(len(self.machine.uninstall_values(NAME)), 6)
         self.assertIn("Send to Velmora Studio 5", json.dumps(self.machine.registry(LAUNCHER)))
 
+        for key in CLASSES:
+            self.assertNotEqual(self.machine.registry(key), {}, key)
+
         ended = self.uninstall()
-        left = {name for name in self.files() - before if "tvl_path_index" not in name}
+        left = self.files() - before
         if not IS_WINDOWS:
             self.assertEqual(ended.returncode, 0, ended.stderr)
             # The folder with the uninstaller itself is the batch's to remove.
@@ -72,7 +81,7 @@ class SamplePackage(unittest.TestCase):
         install_folder = self.machine.drive / "Program Files" / NAME
         self.assertEqual(install_folder.exists(), not IS_WINDOWS)
         self.assertIsNone(self.machine.uninstall_values(NAME))
-        for key in (SETTINGS, LAUNCHER, r"HKLM\SOFTWARE\WOW6432Node\Corel\AppLauncher"):
+        for key in (SETTINGS, LAUNCHER, r"HKLM\SOFTWARE\WOW6432Node\Corel\AppLauncher", *CLASSES):
             self.assertNotIn("Velmora", json.dumps(self.machine.registry(key)))
         self.assertNotIn(NAME, json.dumps(self.machine.registry(f"HKLM\\{UNINSTALL}")))
 

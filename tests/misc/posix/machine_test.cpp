@@ -1,0 +1,184 @@
+#include "misc/posix/machine.h"
+
+#include "misc/file_system.h"
+#include "misc/known_folders.h"
+#include "misc/processes.h"
+#include "misc/registry.h"
+#include "misc/system_info.h"
+#include "support/file_content.h"
+#include "support/folder_text.h"
+#include "support/posix/scratch_machine.h"
+
+#include <boost/filesystem/operations.hpp>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+
+namespace nrd::misc {
+
+namespace {
+
+using test::folder_text;
+using test::scratch_machine;
+using test::write_file;
+
+path from_text(std::string_view text)
+{
+    return to_path(text);
+}
+
+TEST(machine, a_drive_is_a_folder_and_z_is_the_whole_host)
+{
+    const scratch_machine machine;
+    write_file(from_text("C:\\A Folder\\file"), "x");
+    write_file(from_text("d:/y"), "y");
+    write_file(from_text("\\\\server\\share\\z"), "z");
+    EXPECT_TRUE(std::filesystem::exists(machine.folder() / "c" / "A Folder" / "file"));
+    EXPECT_TRUE(std::filesystem::exists(machine.folder() / "d" / "y"));
+    EXPECT_TRUE(std::filesystem::exists(machine.folder() / "network" / "server" / "share" / "z"));
+
+    EXPECT_EQ(to_utf8(canonical(from_text("//SERVER/Share/z"))), "\\\\server\\share\\z");
+
+    const path on_host = from_host((machine.folder() / "outside").string());
+    EXPECT_TRUE(to_utf8(on_host).starts_with("Z:\\")) << to_utf8(on_host);
+    write_file(on_host, "o");
+    EXPECT_EQ(test::read_file(on_host), "o");
+    EXPECT_EQ(to_utf8(from_host((machine.folder() / "c/A Folder/../q").string())), "C:\\q");
+    EXPECT_EQ(to_utf8(from_host((machine.folder() / "c").string())), "C:\\");
+    EXPECT_TRUE(to_utf8(get_executable_path()).starts_with("Z:\\"));
+}
+
+TEST(machine, denied_and_locked_paths_refuse_changes)
+{
+    const scratch_machine machine(R"({"denied": ["c:/Denied"], "locked": ["C:\\App\\used.dll"]})");
+    for (const char* const file : {"c/Denied/file", "c/App/used.dll", "c/App/free.dll", "c/new"}) {
+        std::filesystem::create_directories((machine.folder() / file).parent_path());
+        std::ofstream(machine.folder() / file) << "x";
+    }
+    const path fresh = from_text("C:\\new");
+    const auto refused = [&](auto change) {
+        error_code ec;
+        change(ec);
+        return ec == boost::system::errc::permission_denied;
+    };
+    const auto at = [](const char* text) { return from_text(text); };
+    EXPECT_TRUE(refused([&](auto& ec) { create_directories(at("C:\\denied\\x"), ec); }));
+    EXPECT_TRUE(refused([&](auto& ec) { copy_file(fresh, at("C:\\Denied\\x"), ec); }));
+    EXPECT_TRUE(refused([&](auto& ec) { remove(at("C:\\Denied\\FILE"), ec); }));
+    EXPECT_TRUE(refused([&](auto& ec) { copy_file(fresh, at("C:\\app\\USED.dll"), ec); }));
+    EXPECT_TRUE(refused([&](auto& ec) { rename(at("C:\\App"), at("C:\\App2"), ec); }));
+    EXPECT_TRUE(refused([&](auto& ec) { remove_all(at("C:\\App\\"), ec); }));
+    EXPECT_FALSE(open_for_writing(at("C:\\Denied\\file")).is_open());
+    EXPECT_FALSE(refused([&](auto& ec) { create_directories(at("C:\\Denied"), ec); }));
+    EXPECT_FALSE(refused([&](auto& ec) { copy_file(fresh, at("C:\\App\\free.dll"), ec); }));
+    EXPECT_FALSE(refused([&](auto& ec) { create_directories(at("C:\\Denied2"), ec); }));
+    EXPECT_EQ(test::read_file(at("C:\\App\\used.dll")), "x");
+    EXPECT_EQ(folder_text(from_text("C:\\")),
+              "App\\\nApp\\free.dll: x\nApp\\used.dll: x\nDenied\\\nDenied\\file: x\nDenied2\\\n"
+              "new: x\n");
+}
+
+TEST(machine, a_read_only_file_is_not_written_to_even_by_the_superuser)
+{
+    const scratch_machine machine;
+    const path fixed = from_text("C:\\fixed");
+    const path other = from_text("C:\\other");
+    write_file(fixed, "old");
+    write_file(other, "new");
+    test::make_read_only(fixed);
+    error_code ec;
+    copy_file(other, fixed, ec);
+    EXPECT_EQ(ec, boost::system::errc::permission_denied);
+    rename(other, fixed, ec);
+    EXPECT_EQ(ec, boost::system::errc::permission_denied);
+    EXPECT_FALSE(open_for_writing(fixed).is_open());
+    EXPECT_FALSE(open_for_appending(fixed).is_open());
+    rename(fixed, from_text("C:\\moved"), ec);
+    EXPECT_EQ(folder_text(from_text("C:\\")), "moved: old\nother: new\n");
+}
+
+TEST(machine, a_32_bit_process_sees_the_system_folders_of_its_kind)
+{
+    const scratch_machine machine(R"({"bits": 64})");
+    const std::filesystem::path windows = machine.folder() / "c" / "Windows";
+    for (const char* const name : {"System32", "SysWOW64"}) {
+        std::filesystem::create_directories(windows / name);
+        std::ofstream(windows / name / "kind") << name;
+    }
+    const auto kind = [](const char* folder) {
+        return test::read_file(from_text("C:\\WINDOWS") / folder / "kind");
+    };
+    EXPECT_EQ(kind("sysnative"), "System32");
+    EXPECT_EQ(kind("System32"), "SysWOW64");
+    EXPECT_EQ(kind("SysWOW64"), "SysWOW64");
+    machine.set_facts(R"({"bits": 32})");
+    EXPECT_EQ(kind("System32"), "System32");
+    EXPECT_EQ(kind("sysnative"), "");
+}
+
+TEST(machine, its_facts_decide_word_size_and_user)
+{
+    const scratch_machine machine(R"({"bits": 32, "user": "J\u00F6rg"})");
+    EXPECT_FALSE(is_64bit_windows());
+    EXPECT_FALSE(runs_under_wow64());
+    EXPECT_EQ(to_utf8(get_program_files_folder()), "C:\\Program Files");
+    EXPECT_EQ(to_utf8(get_roaming_folder()), "C:\\Users\\J\u00F6rg\\AppData\\Roaming");
+    machine.set_facts("{}");
+    EXPECT_TRUE(is_64bit_windows());
+    EXPECT_TRUE(runs_under_wow64());
+    EXPECT_EQ(to_utf8(get_program_files_folder()), "C:\\Program Files (x86)");
+    for (const char* const facts : {"{", "[]", R"({"bits": "x"})", R"({"bits": 16})"}) {
+        machine.set_facts(facts);
+        EXPECT_THROW(this_machine(), std::invalid_argument) << facts;
+    }
+    machine.set_facts("{}");
+}
+
+TEST(machine, its_folder_may_be_named_with_a_separator_at_the_end)
+{
+    const scratch_machine machine;
+    const std::string name = machine.folder() / "not made yet" / "";
+    setenv("VS5_MACHINE", name.c_str(), 1);
+    forget_machine();
+    write_file(from_text("C:\\dir\\file"), "x");
+    EXPECT_EQ(to_utf8(canonical(from_text("C:\\dir"))), "C:\\dir");
+}
+
+TEST(machine, symbolic_links_are_counted_copied_and_not_followed)
+{
+    const scratch_machine machine;
+    write_file(from_text("C:\\real\\file"), "x");
+    std::filesystem::create_directory_symlink("../real", machine.folder() / "c/real/link");
+    EXPECT_EQ(count_files_below(from_text("C:\\real")), 2U);
+    error_code ec;
+    copy_symlink(from_text("C:\\real\\link"), from_text("C:\\copy"), ec);
+    EXPECT_EQ(symlink_status(from_text("C:\\copy")).type(), boost::filesystem::symlink_file);
+    remove_all(from_text("C:\\copy"), ec);
+    EXPECT_EQ(test::read_file(from_text("C:\\real\\file")), "x");
+}
+
+TEST(machine, the_registry_file_is_kept_readable_and_a_broken_one_is_named)
+{
+    const scratch_machine machine;
+    const std::filesystem::path file = machine.folder() / "registry.json";
+    std::ofstream(file) << R"({"HKEY_LOCAL_MACHINE\\Software\\A": {"s": "text",
+        "e": {"type": "REG_EXPAND_SZ", "data": "%X%"}, "n": {"type": "REG_DWORD", "data": 5}}})";
+    EXPECT_EQ(read_value(U"SOFTWARE\\a", U"S"), U"text");
+    EXPECT_EQ(read_value(U"SOFTWARE\\a", U"e"), U"%X%");
+    EXPECT_EQ(read_value(U"SOFTWARE\\a", U"n"), U"");
+    EXPECT_TRUE(value_exists(U"SOFTWARE\\a", U"n"));
+    // Writing keeps what is there, spelling and other types included.
+    create_key(U"SOFTWARE\\a\\B");
+    EXPECT_EQ(nlohmann::json::parse(std::ifstream(file)), nlohmann::json::parse(R"({
+        "HKEY_CLASSES_ROOT": {}, "HKEY_LOCAL_MACHINE": {}, "HKEY_LOCAL_MACHINE\\Software": {},
+        "HKEY_LOCAL_MACHINE\\Software\\A": {"s": "text",
+            "e": {"type": "REG_EXPAND_SZ", "data": "%X%"}, "n": {"type": "REG_DWORD", "data": 5}},
+        "HKEY_LOCAL_MACHINE\\Software\\A\\B": {}})"));
+    std::ofstream(file) << "{";
+    EXPECT_THROW(key_exists(U"SOFTWARE"), std::invalid_argument);
+}
+
+} // namespace
+
+} // namespace nrd::misc

@@ -1,0 +1,30 @@
+#include "support/at_log_line.h"
+
+#include "streams/streams.h"
+
+#include <utility>
+
+namespace nrd::test {
+
+at_log_line::at_log_line(std::string words, action happening)
+    : words_(std::move(words)), happening_(std::move(happening))
+{
+    streams::find_stream("installer").attach(this);
+}
+
+at_log_line::~at_log_line()
+{
+    streams::find_stream("installer").detach(this);
+}
+
+void at_log_line::notify(const char*, std::size_t, const char* text, std::size_t text_length)
+{
+    const std::string_view line(text, text_length);
+    const std::size_t at = line.find(words_);
+    if (happening_ && at != line.npos) {
+        const std::string_view end = ":\n";
+        std::exchange(happening_, nullptr)(line.substr(at, line.size() - end.size() - at));
+    }
+}
+
+} // namespace nrd::test
