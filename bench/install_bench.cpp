@@ -23,6 +23,7 @@ using nrd::misc::path;
 
 const path scratch = "C:\\vs5_bench";
 constexpr int files_in_folder = 100;
+constexpr std::size_t kilobyte = 1024;
 
 struct wizard_like_observer : nrd::installation::installer_observer {
     bool report(const nrd::installation::install_event& event) override
@@ -45,9 +46,9 @@ void make_files(const path& folder, int count, std::size_t size)
 
 path make_tree(const char* name, int small_files, int large_files)
 {
-    const path tree = scratch / name;
-    make_files(tree / "small", small_files, 11 * 1024);
-    make_files(tree / "large", large_files, 1024 * 1024);
+    path tree = scratch / name;
+    make_files(tree / "small", small_files, 11 * kilobyte);
+    make_files(tree / "large", large_files, 1024 * kilobyte);
     return tree;
 }
 

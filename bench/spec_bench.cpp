@@ -34,11 +34,8 @@ double time_import(int filesets, int vars)
     }
     out << "</filesets></package></packages></installation>\n";
     out.close();
-    std::vector<double> times;
-    for (int round = 0; round < 5; ++round) {
-        times.push_back(bench::seconds([&] { nrd::installation::import_spec(file); }));
-    }
-    return bench::median(times);
+    return bench::median_of(
+        5, [&] { return bench::seconds([&] { nrd::installation::import_spec(file); }); });
 }
 
 /// Microseconds to expand a text that names each of `count` variables once.
@@ -51,17 +48,14 @@ double time_expand(int count)
         text += U"${" + var_name(i) + U"}";
     }
     const int repeats = 2000 / count + 1;
-    std::vector<double> times;
-    for (int round = 0; round < 5; ++round) {
-        times.push_back(bench::seconds([&] {
-            for (int i = 0; i < repeats; ++i) {
-                if (s.expand(text).empty()) {
-                    std::abort();
-                }
+    const auto expand_all = [&] {
+        for (int i = 0; i < repeats; ++i) {
+            if (s.expand(text).empty()) {
+                std::abort();
             }
-        }));
-    }
-    return bench::median(times) / repeats * 1e6;
+        }
+    };
+    return bench::median_of(5, [&] { return bench::seconds(expand_all); }) / repeats * 1e6;
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstddef>
+#include <utility>
 #include <vector>
 
 namespace bench {
@@ -18,6 +20,14 @@ inline double median(std::vector<double> values)
 {
     std::sort(values.begin(), values.end());
     return values[values.size() / 2];
+}
+
+/// The median of so many measurements, each of which gives a number.
+template <class Measure> double median_of(std::size_t rounds, Measure measure)
+{
+    std::vector<double> values(rounds);
+    std::generate(values.begin(), values.end(), measure);
+    return median(std::move(values));
 }
 
 } // namespace bench

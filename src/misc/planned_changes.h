@@ -81,9 +81,7 @@ public:
     /// Outer: whether the changes touched the value; inner: its data, nothing if it is gone.
     [[nodiscard]] std::optional<std::optional<text32>> value(const text32& key,
                                                              const text32& name) const;
-    /// What the machine has in a key counts no more once the key, or one above it, was deleted,
-    /// also after it was made again.
-    [[nodiscard]] bool is_key_gone(const text32& key) const;
+    /// Adds the names that are in the key by now, and takes out those that are gone.
     void adjust_subkeys(const text32& key, std::vector<text32>& names) const;
     void adjust_values(const text32& key, std::vector<text32>& names) const;
 
@@ -100,6 +98,9 @@ private:
 
     void make(const path& p, file_type type, std::uint64_t bytes = 0);
     void make_gone(const path& p);
+    /// What the machine has in a key counts no more once the key, or one above it, was deleted,
+    /// also after it was made again.
+    [[nodiscard]] bool is_key_gone(const text32& key) const;
     void make_copy(const path& from, const path& to, std::vector<made_file>& copies) const;
 
     // By upper-cased paths. What is gone hides what the machine has there and below; what was made

@@ -105,12 +105,6 @@ std::vector<text32> real_names(const text32& path, std::uint32_t platform::key_i
     return enumerate(key, info.*count, info.*longest, next);
 }
 
-bool hidden_by_plan(const text32& path)
-{
-    const planned_changes* const plan = planned_changes::active();
-    return plan != nullptr && plan->is_key_gone(full_path(path));
-}
-
 std::optional<text32> current_data(const text32& path, const text32& name)
 {
     return value_exists(path, name) ? std::optional(read_value(path, name)) : std::nullopt;
@@ -202,11 +196,9 @@ std::map<text32, text32> read_values(const text32& path, const std::vector<text3
 
 std::vector<text32> value_names(const text32& path)
 {
-    std::vector<text32> names;
-    if (!hidden_by_plan(path)) {
-        names = real_names(path, &platform::key_info::values, &platform::key_info::longest_value,
-                           platform::enum_value);
-    }
+    std::vector<text32> names =
+        real_names(path, &platform::key_info::values, &platform::key_info::longest_value,
+                   platform::enum_value);
     if (const planned_changes* plan = planned_changes::active()) {
         plan->adjust_values(full_path(path), names);
     }
@@ -215,11 +207,9 @@ std::vector<text32> value_names(const text32& path)
 
 std::vector<text32> subkey_names(const text32& path)
 {
-    std::vector<text32> names;
-    if (!hidden_by_plan(path)) {
-        names = real_names(path, &platform::key_info::subkeys, &platform::key_info::longest_subkey,
-                           platform::enum_subkey);
-    }
+    std::vector<text32> names =
+        real_names(path, &platform::key_info::subkeys, &platform::key_info::longest_subkey,
+                   platform::enum_subkey);
     if (const planned_changes* plan = planned_changes::active()) {
         plan->adjust_subkeys(full_path(path), names);
     }

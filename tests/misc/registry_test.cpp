@@ -112,7 +112,6 @@ TEST(registry, several_values_are_read_at_once)
 TEST(registry, names_are_listed_whole_and_subkeys_in_order)
 {
     const scratch_key key;
-    // 8-bit lengths are told for names that take more than that.
     const text32 wide(200, U'\u4E2D');
     for (const text32& name : names{U"b", U"_x", U"A", U"Z", U"\u00E9", wide, U"a b"}) {
         create_key(key / name);

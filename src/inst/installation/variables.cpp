@@ -184,17 +184,18 @@ text32 substitute_vars(std::u32string_view text, const variable_lookup& lookup)
 {
     text32 current = single_pass(text, lookup).result();
     std::size_t from = 0;
-    while (const std::optional<placeholder_place> place = find_placeholder(current, from)) {
+    for (auto place = find_placeholder(current, 0); place;
+         place = find_placeholder(current, from)) {
+        const std::size_t begin = place->begin;
         const text32 name = name_at(current, *place);
         if (name.empty()) {
             break;
         }
         const text32 value = lookup(name, misc::escape_expansion(text32(opening) + name + U"}"));
-        replace_everywhere(current, name, value, place->begin);
+        replace_everywhere(current, name, value, begin);
         // A plain name leaves what stands in front of it alone, and nothing there can have become a
         // placeholder, but for a "$" that meets a value which begins with "{".
-        const bool starts_anew = !is_plain_expression(name) || place->begin == 0;
-        from = starts_anew ? 0 : place->begin - 1;
+        from = !is_plain_expression(name) || begin == 0 ? 0 : begin - 1;
     }
     return misc::unescape_expansion(current);
 }
