@@ -36,7 +36,7 @@ misc::path package_builder::write()
     for (const auto& [section, content] : sections_) {
         xml += "<" + section + ">\n" + content + "</" + section + ">\n";
     }
-    const misc::path file = folder_ / "install.xml";
+    misc::path file = folder_ / "install.xml";
     write_file(file, xml + "</installation>\n");
     return file;
 }

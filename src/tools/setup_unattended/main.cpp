@@ -6,7 +6,7 @@
 
 int main(int argc, char* argv[])
 {
-    const nrd::tools::utf8_terminal terminal;
+    const auto terminal = nrd::tools::use_utf8_terminal();
     nrd::tools::unattended_run run(std::vector<std::string>(argv, argv + argc), std::cout,
                                    std::cerr);
     return static_cast<int>(run.run());

@@ -70,13 +70,14 @@ exit_code unattended_run::run()
         return exit_code::done;
     }
     if (!open_json_file()) {
-        err_ << "The file " << *options_.json_file << " cannot be written.\n";
+        err_ << "The file " << options_.json_file.value_or("") << " cannot be written.\n";
         return exit_code::wrong_options;
     }
     const exit_code code = run_steps();
     if (!write_json(code)) {
         return fail(code == exit_code::done ? exit_code::not_configured : code,
-                    "The file " + *options_.json_file + " could not be written to its end");
+                    "The file " + options_.json_file.value_or("") +
+                        " could not be written to its end");
     }
     return code;
 }
@@ -229,9 +230,9 @@ bool unattended_run::install_spec(const installation::spec& s, progress& shown)
         }
         return true;
     }
+    const std::optional<installation::failure_decision>& failure = observer.failure();
     const std::string cause =
-        observer.failure() ? to_utf8(observer.failure()->where) + ": " + observer.failure()->reason
-                           : "the engine gave no reason";
+        failure ? to_utf8(failure->where) + ": " + failure->reason : "the engine gave no reason";
     const std::string after = observer.backup_path() ? "; the older installation was put back"
                                                      : "; what was copied before stays";
     fail(exit_code::install_failed, "The installation failed at " + cause + after);
@@ -241,7 +242,7 @@ bool unattended_run::install_spec(const installation::spec& s, progress& shown)
 exit_code unattended_run::plan()
 {
     try {
-        const install_plan made = make_plan(startup_.specs, *changes_);
+        const install_plan made = make_plan(startup_.specs, changes_.value());
         json_["plan"] = plan_to_json(made);
         if (!options_.quiet) {
             print_plan(made, out_);

@@ -62,7 +62,7 @@ TEST(count_files, counts_what_packages_for_the_system_bring_unexpanded)
     }
     misc::create_directories(folder / "tree\\empty");
     const misc::scoped_current_path here(folder.path());
-    const auto pack = [](const char* os, const char* bits, std::vector<text32> sources) {
+    const auto pack = [](const char* os, const char* bits, const std::vector<text32>& sources) {
         package result{"", os, bits, {}};
         for (const text32& in : sources) {
             result.filesets.emplace_back(in, U"", U"");

@@ -18,21 +18,22 @@ std::size_t terminal_width()
     return static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
 }
 
-utf8_terminal::utf8_terminal() : code_page_(GetConsoleOutputCP())
+std::shared_ptr<void> use_utf8_terminal()
 {
     const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
+    const UINT code_page = GetConsoleOutputCP();
+    DWORD mode = 0;
+    const bool is_console = GetConsoleMode(output, &mode) != FALSE;
     SetConsoleOutputCP(CP_UTF8);
-    if (GetConsoleMode(output, &mode_) != FALSE) {
-        SetConsoleMode(output, mode_ | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
+    if (is_console) {
+        SetConsoleMode(output, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
     }
-}
-
-utf8_terminal::~utf8_terminal()
-{
-    SetConsoleOutputCP(code_page_);
-    if (mode_ != 0) {
-        SetConsoleMode(GetStdHandle(STD_OUTPUT_HANDLE), mode_);
-    }
+    return {output, [code_page, mode, is_console](void* console) {
+                SetConsoleOutputCP(code_page);
+                if (is_console) {
+                    SetConsoleMode(console, mode);
+                }
+            }};
 }
 
 } // namespace nrd::tools
