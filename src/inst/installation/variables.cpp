@@ -1,7 +1,6 @@
 #include "inst/installation/variables.h"
 
 #include <algorithm>
-#include <optional>
 #include <regex>
 #include <unordered_map>
 #include <utility>
@@ -17,16 +16,14 @@ constexpr std::u32string_view opening = U"${";
 struct placeholder_place {
     std::size_t begin = 0;
     std::size_t end = 0;
+    bool found = false;
 };
 
-std::optional<placeholder_place> find_placeholder(std::u32string_view text, std::size_t from)
+placeholder_place find_placeholder(std::u32string_view text, std::size_t from)
 {
     const std::size_t end = text.find(U'}', from);
     const std::size_t begin = text.find(opening, from);
-    if (end == text.npos || begin == text.npos || end < begin) {
-        return std::nullopt;
-    }
-    return placeholder_place{begin, end};
+    return {begin, end, end != text.npos && begin < end};
 }
 
 text32 name_at(std::u32string_view text, const placeholder_place& place)
@@ -176,18 +173,18 @@ private:
 
 text32 first_var_name(std::u32string_view text)
 {
-    const std::optional<placeholder_place> place = find_placeholder(text, 0);
-    return place ? name_at(text, *place) : text32();
+    const placeholder_place place = find_placeholder(text, 0);
+    return place.found ? name_at(text, place) : text32();
 }
 
 text32 substitute_vars(std::u32string_view text, const variable_lookup& lookup)
 {
     text32 current = single_pass(text, lookup).result();
     std::size_t from = 0;
-    for (auto place = find_placeholder(current, 0); place;
+    for (auto place = find_placeholder(current, 0); place.found;
          place = find_placeholder(current, from)) {
-        const std::size_t begin = place->begin;
-        const text32 name = name_at(current, *place);
+        const std::size_t begin = place.begin;
+        const text32 name = name_at(current, place);
         if (name.empty()) {
             break;
         }

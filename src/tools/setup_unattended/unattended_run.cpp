@@ -85,19 +85,21 @@ exit_code unattended_run::run()
 exit_code unattended_run::run_steps()
 {
     if (options_.plan) {
-        changes_.emplace();
+        const misc::planned_changes changes; // from here on nothing is changed
+        const exit_code code = prepare();
+        return code == exit_code::done ? plan(changes) : code;
     }
-    exit_code code = start_up();
+    exit_code code = prepare();
     if (code == exit_code::done) {
-        code = set_install_path();
+        code = check_blockers();
     }
-    if (code == exit_code::done) {
-        code = options_.plan ? plan() : check_blockers();
-    }
-    if (code == exit_code::done && !options_.plan) {
-        code = install();
-    }
-    return code;
+    return code == exit_code::done ? install() : code;
+}
+
+exit_code unattended_run::prepare()
+{
+    const exit_code code = start_up();
+    return code == exit_code::done ? set_install_path() : code;
 }
 
 bool unattended_run::open_json_file()
@@ -239,10 +241,10 @@ bool unattended_run::install_spec(const installation::spec& s, progress& shown)
     return false;
 }
 
-exit_code unattended_run::plan()
+exit_code unattended_run::plan(const misc::planned_changes& changes)
 {
     try {
-        const install_plan made = make_plan(startup_.specs, changes_.value());
+        const install_plan made = make_plan(startup_.specs, changes);
         json_["plan"] = plan_to_json(made);
         if (!options_.quiet) {
             print_plan(made, out_);

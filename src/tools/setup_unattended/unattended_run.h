@@ -34,12 +34,13 @@ public:
 
 private:
     exit_code run_steps();
+    exit_code prepare();
     bool open_json_file();
     exit_code start_up();
     exit_code set_install_path();
     exit_code check_blockers();
     exit_code install();
-    exit_code plan();
+    exit_code plan(const misc::planned_changes& changes);
     bool install_spec(const installation::spec& s, class progress& shown);
     [[nodiscard]] std::size_t count_all_files() const;
     /// The install.xml at `position`, or the package as a whole if there is none.
@@ -53,7 +54,6 @@ private:
     std::ostream& out_;
     std::ostream& err_;
     unattended_options options_;
-    std::optional<misc::planned_changes> changes_; ///< while only a plan is made
     vs_installer::startup startup_;
     misc::text32 install_path_;
     nlohmann::ordered_json json_;
