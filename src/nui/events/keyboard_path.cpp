@@ -1,0 +1,108 @@
+#include "nui/events/keyboard_path.h"
+
+#include "nui/engine/engine.h"
+#include "nui/events/dispatch.h"
+#include "nui/menus/popup_menu_item.h"
+#include "nui/widgets/screen.h"
+
+#include <SDL_events.h>
+#include <SDL_keyboard.h>
+
+namespace nui {
+
+ScreenPtr KeyboardPath::enabledScreen(std::uint32_t windowId)
+{
+    ScreenPtr screen = engine_.screens.find(windowId);
+    if (!screen || !screen->isOpen() || !screen->window->enabled)
+        return nullptr;
+    engine_.screens.makeCurrent(screen);
+    return screen;
+}
+
+/// Without the keyboard the screen has none.
+WidgetPtr KeyboardPath::target(const ScreenPtr& screen) const
+{
+    if (!screen || screen != focusScreen)
+        return nullptr;
+    return screen->focusedWidget ? screen->focusedWidget : screen;
+}
+
+void KeyboardPath::handleKey(const SDL_KeyboardEvent& key)
+{
+    const ScreenPtr screen = enabledScreen(key.windowID);
+    if (!screen)
+        return;
+    const bool down = key.type == SDL_KEYDOWN;
+    if (const WidgetPtr widget = target(screen)) {
+        SDL_StartTextInput();
+        KeyboardEvent event(down ? keyboard::Down : keyboard::Up);
+        event.key = key.keysym.sym;
+        event.modifiers = key.keysym.mod;
+        event.repeat = key.repeat != 0;
+        dispatch(*widget, event, Phase::AtTarget);
+        if (event.prevented)
+            return;
+    }
+    if (down && key.repeat == 0)
+        activateShortcut(key);
+}
+
+void KeyboardPath::activateShortcut(const SDL_KeyboardEvent& key)
+{
+    for (const std::weak_ptr<PopupMenuItem>& known : engine_.menuItems()) {
+        const std::shared_ptr<PopupMenuItem> item = known.lock();
+        if (item && item->shortcut().matches(key.keysym.sym, key.keysym.mod)) {
+            activate(*item);
+            return;
+        }
+    }
+}
+
+void KeyboardPath::handleText(const SDL_TextInputEvent& input)
+{
+    TextEvent event(text::Committed);
+    event.text = input.text;
+    dispatchText(input.windowID, event);
+}
+
+void KeyboardPath::handleComposition(const SDL_TextEditingEvent& editing)
+{
+    TextEvent event(text::Composing);
+    event.text = editing.text;
+    event.start = editing.start;
+    event.length = editing.length;
+    dispatchText(editing.windowID, event);
+}
+
+void KeyboardPath::dispatchText(std::uint32_t windowId, TextEvent& event)
+{
+    if (const WidgetPtr widget = target(enabledScreen(windowId)))
+        dispatch(*widget, event, Phase::AtTarget);
+}
+
+void KeyboardPath::setFocus(const WidgetPtr& widget)
+{
+    const ScreenPtr screen = focusScreen;
+    if (!screen || screen != engine_.screens.current())
+        return;
+    if (widget != screen->focusedWidget) {
+        const WidgetPtr old = screen->focusedWidget;
+        if (old) {
+            KeyboardEvent lost(keyboard::FocusLost);
+            dispatch(*old, lost, Phase::AtTarget);
+        } else {
+            SDL_StartTextInput();
+        }
+        screen->focusedWidget = widget;
+        if (widget) {
+            KeyboardEvent gained(keyboard::FocusGained);
+            dispatch(*widget, gained, Phase::AtTarget);
+        } else {
+            SDL_StopTextInput();
+        }
+    }
+    if (widget)
+        focusTaken = true;
+}
+
+} // namespace nui

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "nui/events/widget_events.h"
+
+#include <cstdint>
+#include <memory>
+
+struct SDL_KeyboardEvent;
+struct SDL_TextEditingEvent;
+struct SDL_TextInputEvent;
+
+namespace nui {
+
+class Engine;
+class Screen;
+
+/// Keys, typed text and the keyboard focus. Key events do not bubble. Owned by the engine; for
+/// the loop's thread.
+class KeyboardPath {
+public:
+    explicit KeyboardPath(Engine& engine) : engine_(engine) {}
+
+    void handleKey(const SDL_KeyboardEvent& key);
+    void handleText(const SDL_TextInputEvent& input);
+    void handleComposition(const SDL_TextEditingEvent& editing);
+
+    /// Gives the focus within the current screen; null takes it away. Only while the current
+    /// screen has the keyboard.
+    void setFocus(const WidgetPtr& widget);
+
+    /// Whether a widget took the focus during the event that is being handled.
+    bool focusTaken = false;
+    /// The screen that has the keyboard, or null.
+    std::shared_ptr<Screen> focusScreen;
+
+private:
+    /// The screen of the window if it may have input; it becomes the current one.
+    [[nodiscard]] std::shared_ptr<Screen> enabledScreen(std::uint32_t windowId);
+    [[nodiscard]] WidgetPtr target(const std::shared_ptr<Screen>& screen) const;
+    void dispatchText(std::uint32_t windowId, TextEvent& event);
+    void activateShortcut(const SDL_KeyboardEvent& key);
+
+    Engine& engine_;
+};
+
+} // namespace nui

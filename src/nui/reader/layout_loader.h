@@ -1,0 +1,63 @@
+#pragma once
+
+#include "nui/reader/layout_fault.h"
+#include "nui/reader/widget_pack.h"
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace nui {
+
+class NuiReader;
+
+/// Packs of included files, by the name that includes them.
+using IncludeCache = std::map<std::string, WidgetPack>;
+
+/// Builds the widgets of a layout file. Lives as long as the program wants to reload. For the
+/// loop's thread, as textures are made while widgets are read.
+class LayoutLoader {
+public:
+    /// A relative name counts from the engine's base path.
+    explicit LayoutLoader(std::string fileName);
+
+    /// The widgets that have an id. A faulty file gives what there was up to the fault.
+    WidgetMap load();
+    /// As load(), and the file's widgets go into `target` as well; those without an id under a
+    /// made-up one. False for a file that cannot be read or is no layout file.
+    bool loadInto(IncludeCache& cache, WidgetMap& target);
+    /// Loads the same file into the same pack again; always true.
+    bool reload();
+
+    [[nodiscard]] WidgetPack& pack() { return pack_; }
+    /// Every widget that the last reload built; not owned.
+    [[nodiscard]] const std::vector<Widget*>& reloaded() const { return reloadList_; }
+    /// Picks a theme before loading; without one the file's first is taken.
+    void setTheme(std::string name) { theme_ = std::move(name); }
+    /// Lets `d:class` go before `class`, for design tools.
+    void setUseDesignClasses(bool use) { useDesignClasses_ = use; }
+    [[nodiscard]] bool usesDesignClasses() const { return useDesignClasses_; }
+    /// Costs nothing while none is set.
+    void setFaultListener(FaultListener listener) { faultListener_ = std::move(listener); }
+
+    /// Builds the widget of the reader's object, for containers that read their children. Null
+    /// when the object names nothing that can be built.
+    WidgetPtr build(NuiReader& reader, Widget* parent);
+
+    // The file's widgets, menus and texts are filled in by these, from the reader's files.
+    friend class LayoutFile;
+
+private:
+    std::string theme_;
+    std::uint32_t widgetCounter_ = 0;
+    std::vector<Widget*> reloadList_;
+    bool reloading_ = false;
+    bool useDesignClasses_ = false;
+    std::string fileName_;
+    WidgetPack pack_;
+    IncludeCache reloadCache_;
+    FaultListener faultListener_;
+};
+
+} // namespace nui

@@ -1,0 +1,140 @@
+#include "nui/widgets/form.h"
+
+#include "nui/engine/engine.h"
+#include "nui/events/dispatch.h"
+#include "nui/widgets/container.h"
+
+#include <SDL_keycode.h>
+
+#include <utility>
+
+namespace nui {
+
+namespace {
+
+// Shift, Ctrl and the Command keys; Alt and the locks don't matter.
+constexpr std::uint16_t ModifierMask = 0xFC3;
+constexpr std::uint16_t LeftShift = 1;
+constexpr std::uint16_t RightShift = 2;
+
+Widget* widgetOf(const std::shared_ptr<FormItem>& item)
+{
+    return dynamic_cast<Widget*>(item.get());
+}
+
+} // namespace
+
+Form::Form(Container& root) : root_(root)
+{
+    addItemsBelow(root);
+    const std::shared_ptr<FormItem> first = first_.lock();
+    const std::shared_ptr<FormItem> last = last_.lock();
+    if (first && last) {
+        first->neighbours_->previous = last;
+        last->neighbours_->next = first;
+    }
+}
+
+Form::~Form()
+{
+    std::shared_ptr<FormItem> item = first_.lock();
+    while (item && item->neighbours_ && item->neighbours_->form == this) {
+        const std::shared_ptr<FormItem> next = item->neighbours_->next.lock();
+        item->neighbours_.reset();
+        unsubscribe(*widgetOf(item), keyboard::Down, onKey);
+        item = next;
+    }
+}
+
+void Form::addItemsBelow(Container& container)
+{
+    for (const WidgetPtr& child : container.children()) {
+        if (auto* const item = dynamic_cast<FormItem*>(child.get()))
+            add(child, *item);
+        else if (auto* const inner = dynamic_cast<Container*>(child.get()))
+            addItemsBelow(*inner);
+    }
+}
+
+void Form::add(const WidgetPtr& widget, FormItem& item)
+{
+    // Shares the widget's count, as a form item is always a widget.
+    const std::shared_ptr<FormItem> shared(widget, &item);
+    item.neighbours_ = std::make_unique<FormItem::Neighbours>();
+    item.neighbours_->form = this;
+    if (const std::shared_ptr<FormItem> previous = last_.lock()) {
+        previous->neighbours_->next = shared;
+        item.neighbours_->previous = previous;
+    } else {
+        first_ = shared;
+    }
+    last_ = shared;
+    // Behind the widget's own listener, which may swallow the key; never two forms at once.
+    unsubscribe(*widget, keyboard::Down, onKey);
+    subscribe(*widget, keyboard::Down, onKey, this);
+}
+
+void Form::onKey(WidgetEvent& event)
+{
+    auto& sender = *event.target;
+    const auto* const item = dynamic_cast<FormItem*>(&sender);
+    // A clone of an item alone keeps the listener and belongs to no form.
+    if (item == nullptr || !item->neighbours_)
+        return;
+    const auto& key = static_cast<const KeyboardEvent&>(event);
+    const auto modifiers = static_cast<std::uint16_t>(key.modifiers & ModifierMask);
+    const bool backward = modifiers == LeftShift || modifiers == RightShift;
+    if (modifiers != 0 && !backward)
+        return;
+    if (key.key == SDLK_TAB)
+        static_cast<const Form*>(event.user)->moveFocus(sender, !backward);
+    else if (key.key == SDLK_RETURN || key.key == SDLK_KP_ENTER)
+        activateDefault(sender);
+}
+
+void Form::moveFocus(Widget& sender, bool forward) const
+{
+    auto* const start = dynamic_cast<FormItem*>(&sender);
+    FormItem* item = start;
+    for (;;) {
+        const FormItem::Neighbours* const neighbours = item->neighbours_.get();
+        if (neighbours == nullptr)
+            return;
+        const std::shared_ptr<FormItem> next =
+            (forward ? neighbours->next : neighbours->previous).lock();
+        if (!next || next.get() == start)
+            return;
+        item = next.get();
+        Widget& widget = *widgetOf(next);
+        if (canTakeFocus(widget)) {
+            engine().setFocus(widget.shared_from_this());
+            return;
+        }
+    }
+}
+
+void Form::activateDefault(Widget& sender)
+{
+    for (Widget* ancestor = sender.parent; ancestor != nullptr; ancestor = ancestor->parent) {
+        const auto* const container = dynamic_cast<Container*>(ancestor);
+        if (container == nullptr || !container->form)
+            continue;
+        Widget* const item = container->form->defaultItem;
+        if (item != nullptr && item != &sender)
+            send(*item, plain_event::Activate);
+        return;
+    }
+}
+
+bool Form::canTakeFocus(const Widget& widget) const
+{
+    for (const Widget* step = &widget; step != nullptr; step = step->parent) {
+        if (!step->isDrawn() || !(step->width > 0) || !(step->height > 0))
+            return false;
+        if (step == &root_)
+            return widget.isChainEnabled();
+    }
+    return false;
+}
+
+} // namespace nui

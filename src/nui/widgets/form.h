@@ -1,0 +1,63 @@
+#pragma once
+
+#include "nui/events/widget_events.h"
+
+#include <memory>
+
+namespace nui {
+
+class Container;
+class Form;
+
+/// A widget that takes the keyboard and stands in a tab order. Its neighbours are known to
+/// the form only.
+class FormItem {
+public:
+    FormItem() = default;
+    /// A copy stands in no form yet.
+    FormItem(const FormItem& /*other*/) {}
+    FormItem& operator=(const FormItem& /*other*/) { return *this; }
+    virtual ~FormItem() = default;
+
+private:
+    friend class Form;
+
+    struct Neighbours {
+        const Form* form = nullptr; ///< the one that linked it last
+        std::weak_ptr<FormItem> previous;
+        std::weak_ptr<FormItem> next;
+    };
+
+    std::unique_ptr<Neighbours> neighbours_;
+};
+
+/// The tab order of a container's form items, in the order of the tree, and what Return does.
+/// Owned by the container; the items outlive it at will.
+class Form {
+public:
+    /// Links every form item below the container and listens to their keys.
+    explicit Form(Container& root);
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+    ~Form();
+
+    /// Whom Return activates; null for nobody. Not owned, a widget below the root.
+    Widget* defaultItem = nullptr;
+
+    [[nodiscard]] std::shared_ptr<FormItem> first() const { return first_.lock(); }
+    [[nodiscard]] std::shared_ptr<FormItem> last() const { return last_.lock(); }
+
+private:
+    static void onKey(WidgetEvent& event);
+    void addItemsBelow(Container& container);
+    void add(const WidgetPtr& widget, FormItem& item);
+    void moveFocus(Widget& sender, bool forward) const;
+    static void activateDefault(Widget& sender);
+    [[nodiscard]] bool canTakeFocus(const Widget& widget) const;
+
+    Container& root_;
+    std::weak_ptr<FormItem> first_;
+    std::weak_ptr<FormItem> last_;
+};
+
+} // namespace nui
