@@ -1,0 +1,74 @@
+#include "nui/native_window.h"
+
+#include <SDL2/SDL.h>
+
+// SDL tells what window systems here have in common. They refuse no clicks, send no numbered
+// messages, and have no menus and no message box of their own.
+
+namespace nui {
+
+WorkArea workArea()
+{
+    SDL_Rect area = {};
+    SDL_GetDisplayUsableBounds(0, &area);
+    return {area.w, area.h};
+}
+
+std::int32_t frameHeight()
+{
+    return 0;
+}
+
+FrameSizes frameSizes(SDL_Window* window)
+{
+    FrameSizes sizes;
+    SDL_GetWindowBordersSize(window, &sizes.top, &sizes.left, &sizes.bottom, &sizes.right);
+    return sizes;
+}
+
+Rect clientRect(SDL_Window* window)
+{
+    Rect rect;
+    SDL_GetWindowPosition(window, &rect.x, &rect.y);
+    SDL_GetWindowSize(window, &rect.width, &rect.height);
+    return rect;
+}
+
+Rect outerRect(SDL_Window* window)
+{
+    const FrameSizes frame = frameSizes(window);
+    const Rect client = clientRect(window);
+    return {client.x - frame.left, client.y - frame.top, client.width + frame.left + frame.right,
+            client.height + frame.top + frame.bottom};
+}
+
+void enableNativeWindow(SDL_Window* /*window*/, bool /*enable*/) {}
+
+void setMinimizeBoxStyle(SDL_Window* /*window*/, std::uint32_t /*style*/) {}
+
+std::optional<int> nativeMessageBox(SDL_Window* /*owner*/, std::uint32_t /*flags*/,
+                                    const std::string& /*text*/, const std::string& /*title*/)
+{
+    return std::nullopt;
+}
+
+void setNativeMessageHook(std::function<void(const NativeMessage&)> /*hook*/) {}
+
+std::optional<NativeMessage> nativeMessageOf(const SDL_SysWMmsg& /*message*/)
+{
+    return std::nullopt;
+}
+
+void passToSystem(const NativeMessage& /*message*/) {}
+
+bool isNativeWindow(SDL_Window* /*window*/, const void* /*nativeWindow*/)
+{
+    return false;
+}
+
+void attachNativeMenu(SDL_Window* /*window*/, void* /*menu*/,
+                      std::function<void(void* menu)> /*opening*/)
+{
+}
+
+} // namespace nui
