@@ -1,0 +1,248 @@
+#include "nui/draw/drawing.h"
+
+#include "nui/draw/gl_context.h"
+#include "nui/draw/texture.h"
+#include "nui/draw/vertex_tables.h"
+#include "nui/engine/window_handle.h"
+
+#include <GL/glew.h>
+#include <SDL2/SDL_rect.h>
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numeric>
+
+namespace nui {
+
+namespace {
+
+/// Of all 2D vertices: close to the far end, so that what is drawn in space stands in front.
+constexpr float Depth = -0.9F;
+
+constexpr float ArcStep = 0.1F; ///< radians
+
+struct DrawingState {
+    Color color = OpaqueBlack;
+    float lineWidth = 0.8F;
+    Rect clip{0, 0, NoClip, 0};
+};
+
+DrawingState& state()
+{
+    static DrawingState instance;
+    return instance;
+}
+
+/// One primitive on its way to GL: vertices go into the scratch array, and draw() shows them.
+class Primitive {
+public:
+    Primitive() : vertices_(vertexTables().scratch.data()) {}
+
+    void add(float x, float y) { vertices_[count_++] = {x, y, Depth}; }
+    void add(Point point) { add(point.x, point.y); }
+    void addCorners(float x, float y, float width, float height)
+    {
+        add(x, y);
+        add(x, y + height);
+        add(x + width, y + height);
+        add(x + width, y);
+    }
+    void addArc(float cx, float cy, float rx, float ry, float start, float end)
+    {
+        const auto [smaller, larger] = std::minmax(start, end);
+        const auto addAt = [&](float angle) {
+            add(cx + std::sin(angle) * rx, cy - std::cos(angle) * ry);
+        };
+        // More than the array takes are turns on top of each other.
+        for (float angle = smaller; angle < larger && count_ + 1 < MaxVertices; angle += ArcStep)
+            addAt(angle);
+        addAt(larger);
+    }
+    void draw(GLenum mode, const TexturePoint* texCoords = nullptr) const
+    {
+        const Color color = state().color;
+        glDisableClientState(GL_COLOR_ARRAY);
+        glDisableClientState(GL_TEXTURE_COORD_ARRAY);
+        glColor4ub(static_cast<GLubyte>(color), static_cast<GLubyte>(color >> 8U),
+                   static_cast<GLubyte>(color >> 16U), static_cast<GLubyte>(color >> 24U));
+        glLineWidth(state().lineWidth);
+        glEnableClientState(GL_VERTEX_ARRAY);
+        glVertexPointer(3, GL_FLOAT, 0, vertices_);
+        if (texCoords != nullptr) {
+            glEnableClientState(GL_TEXTURE_COORD_ARRAY);
+            glTexCoordPointer(2, GL_FLOAT, 0, texCoords);
+        }
+        glDrawElements(mode, static_cast<GLsizei>(count_), GL_UNSIGNED_SHORT,
+                       vertexTables().indices.data());
+    }
+
+private:
+    Vertex* vertices_;
+    std::size_t count_ = 0;
+};
+
+void applyClip()
+{
+    const Rect& clip = state().clip;
+    if (clip.width == NoClip) {
+        glDisable(GL_SCISSOR_TEST);
+        return;
+    }
+    const WindowHandle* const window = currentWindow();
+    const int windowHeight = window != nullptr ? window->drawableHeight : 0;
+    glEnable(GL_SCISSOR_TEST);
+    glScissor(clip.x, windowHeight - clip.y - clip.height, clip.width, clip.height);
+}
+
+} // namespace
+
+VertexTables& vertexTables()
+{
+    static VertexTables tables;
+    return tables;
+}
+
+void prepareDrawing()
+{
+    VertexTables& tables = vertexTables();
+    std::iota(tables.indices.begin(), tables.indices.end(), std::uint16_t{0});
+    std::iota(tables.wideIndices.begin(), tables.wideIndices.end(), 0U);
+}
+
+void setColor(Color color)
+{
+    state().color = color;
+}
+
+void setColor(Color color, float alphaFactor)
+{
+    state().color = fadedBy(color, alphaFactor);
+}
+
+void setColorRGB(unsigned char red, unsigned char green, unsigned char blue)
+{
+    state().color = AlphaMask | Color{blue} << 16U | Color{green} << 8U | Color{red};
+}
+
+Color getColor()
+{
+    return state().color;
+}
+
+void setLineWidth(float width)
+{
+    state().lineWidth = width;
+}
+
+void line(float x0, float y0, float x1, float y1)
+{
+    Primitive primitive;
+    primitive.add(x0, y0);
+    primitive.add(x1, y1);
+    primitive.draw(GL_LINE_STRIP);
+}
+
+void rectOutline(float x, float y, float width, float height)
+{
+    Primitive primitive;
+    primitive.addCorners(x, y, width, height);
+    primitive.add(x, y);
+    primitive.draw(GL_LINE_STRIP);
+}
+
+void fillRect(float x, float y, float width, float height)
+{
+    Primitive primitive;
+    primitive.addCorners(x, y, width, height);
+    primitive.draw(GL_TRIANGLE_FAN);
+}
+
+void polyline(const Point* points, std::size_t count, bool closed)
+{
+    Primitive primitive;
+    std::for_each_n(points, count, [&](Point point) { primitive.add(point); });
+    if (closed)
+        primitive.add(points[0]);
+    primitive.draw(GL_LINE_STRIP);
+}
+
+void fillPolygon(const Point* points, std::size_t count)
+{
+    Primitive primitive;
+    std::for_each_n(points, count, [&](Point point) { primitive.add(point); });
+    primitive.draw(GL_TRIANGLE_FAN);
+}
+
+void arc(float cx, float cy, float rx, float ry, float start, float end)
+{
+    Primitive primitive;
+    primitive.addArc(cx, cy, rx, ry, start, end);
+    primitive.draw(GL_LINE_STRIP);
+}
+
+void pie(float cx, float cy, float rx, float ry, float start, float end)
+{
+    Primitive primitive;
+    primitive.add(cx, cy);
+    primitive.addArc(cx, cy, rx, ry, start, end);
+    primitive.draw(GL_TRIANGLE_FAN);
+}
+
+void texturedQuad(const TextureRef* texture, float x, float y, float width, float height,
+                  const TexturePoint* texCoords)
+{
+    static const std::array<TexturePoint, 4> zeroCoords = {};
+    if (texture == nullptr || texture->glName == 0)
+        return;
+    GLint bound = 0;
+    glGetIntegerv(GL_TEXTURE_BINDING_2D, &bound);
+    const auto before = static_cast<GLuint>(bound);
+    if (before != texture->glName)
+        glBindTexture(GL_TEXTURE_2D, texture->glName);
+    glEnable(GL_TEXTURE_2D);
+    glEnable(GL_BLEND);
+    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+
+    Primitive primitive;
+    primitive.addCorners(x, y, width, height);
+    primitive.draw(GL_TRIANGLE_FAN, texCoords != nullptr ? texCoords : zeroCoords.data());
+
+    if (before != texture->glName)
+        glBindTexture(GL_TEXTURE_2D, before);
+    glDisable(GL_TEXTURE_2D);
+}
+
+void setClip(Rect clip)
+{
+    state().clip = clip;
+    applyClip();
+}
+
+void intersectClip(Rect clip)
+{
+    const Rect& inForce = state().clip;
+    if (inForce.width == NoClip) {
+        setClip(clip);
+        return;
+    }
+    const SDL_Rect first{inForce.x, inForce.y, inForce.width, inForce.height};
+    const SDL_Rect second{clip.x, clip.y, clip.width, clip.height};
+    SDL_Rect common{};
+    // Of disjoint rectangles SDL gives negative sizes, which GL refuses.
+    SDL_IntersectRect(&first, &second, &common);
+    setClip({common.x, common.y, std::max(common.w, 0), std::max(common.h, 0)});
+}
+
+Rect getClip()
+{
+    return state().clip;
+}
+
+void restoreScissor()
+{
+    if (state().clip.width != NoClip)
+        applyClip();
+    glFlush();
+}
+
+} // namespace nui

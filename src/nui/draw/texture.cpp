@@ -1,0 +1,81 @@
+#include "nui/draw/texture.h"
+
+#include "nui/draw/surface.h"
+#include "nui/reader/resource_path.h"
+
+#include <GL/glew.h>
+#include <SDL2/SDL_surface.h>
+#include <utility>
+
+namespace nui {
+
+namespace {
+
+/// Whether the last name of the path has an ending. A dot in a folder is none.
+bool hasEnding(const std::string& path)
+{
+    const std::size_t last = path.find_last_of("\\/.");
+    return last != std::string::npos && path[last] == '.';
+}
+
+/// Rows without padding, as pixels of four bytes have none. Null if the file cannot be read.
+SurfacePtr loadRgba(const std::string& path)
+{
+    const SurfacePtr file = loadSurface(path);
+    return SurfacePtr(file ? SDL_ConvertSurfaceFormat(file.get(), SDL_PIXELFORMAT_ABGR8888, 0)
+                           : nullptr);
+}
+
+} // namespace
+
+std::size_t ResourceNameHash::operator()(const std::string& name) const
+{
+    std::uint32_t hash = 0x811C9DC5;
+    for (const char byte : name)
+        hash = (hash ^ static_cast<unsigned char>(byte)) * 16777619U;
+    return hash;
+}
+
+TextureCache::TextureCache() : textures_(8)
+{
+    textures_.max_load_factor(1.0F);
+}
+
+const TextureRef* TextureCache::load(const std::string& name, const std::string& resourceDirectory)
+{
+    if (name.empty())
+        return nullptr;
+    if (const auto found = textures_.find(name); found != textures_.end())
+        return found->second.get();
+    const SurfacePtr picture = loadRgba(imagePath(name, resourceDirectory));
+    if (!picture)
+        return nullptr;
+    auto texture =
+        std::make_unique<TextureRef>(makeTexture(picture->pixels, picture->w, picture->h));
+    return textures_.emplace(name, std::move(texture)).first->second.get();
+}
+
+std::string imagePath(const std::string& name, const std::string& resourceDirectory)
+{
+    const std::string path = joinPath(resourceDirectory, name);
+    return hasEnding(path) ? path : path + ".png";
+}
+
+TextureRef makeTexture(const void* pixels, std::int32_t width, std::int32_t height)
+{
+    TextureRef texture{0, width, height};
+    glGenTextures(1, &texture.glName);
+    glBindTexture(GL_TEXTURE_2D, texture.glName);
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, width, height, 0, GL_RGBA, GL_UNSIGNED_BYTE, pixels);
+    // Without mipmaps, GL's own choice would show nothing.
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
+    return texture;
+}
+
+void freeTexture(TextureRef& texture)
+{
+    glDeleteTextures(1, &texture.glName);
+    texture = {};
+}
+
+} // namespace nui
