@@ -281,6 +281,38 @@ path absolute(const path& p)
     return here / p.relative_path();
 }
 
+std::u16string path_key(const path& p)
+{
+    const path whole = misc::absolute(p);
+    const auto plain = [](const path& part) { return replace_separators(to_text32(part)); };
+    std::vector<text32> names;
+    for (const text32& name : split(plain(whole.relative_path()), U'\\')) {
+        if (name == U"..") {
+            if (!names.empty()) {
+                names.pop_back();
+            }
+        } else if (!name.empty() && name != U".") {
+            names.push_back(name);
+        }
+    }
+    text32 key = plain(whole.root_name());
+    for (const text32& name : names) {
+        key += U'\\' + name;
+    }
+    return name_key(to_utf16(key));
+}
+
+bool lies_in(std::u16string_view key, std::u16string_view folder)
+{
+    return !folder.empty() && key.size() > folder.size() && key.starts_with(folder) &&
+           key[folder.size()] == u'\\';
+}
+
+bool is_or_lies_in(std::u16string_view key, std::u16string_view folder)
+{
+    return key == folder || lies_in(key, folder);
+}
+
 path current_path()
 {
     return from_host(fs::current_path());

@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <fstream>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <vector>
 
 // The file operations that the program uses. Each works on the machine, or, while changes are only
@@ -60,6 +62,15 @@ void remove_all(const path& p, error_code& ec);
 /// Throws filesystem_error if `p` does not exist.
 path canonical(const path& p);
 path absolute(const path& p);
+
+/// The path in the form in which all spellings of it are equal: absolute, in upper case, with
+/// single backslashes and none at the end, "." and ".." followed without asking what is there.
+std::u16string path_key(const path& p);
+/// For such forms, of paths or of registry keys: whether `key` lies somewhere in `folder`. In an
+/// empty one lies nothing.
+bool lies_in(std::u16string_view key, std::u16string_view folder);
+/// The same, or `folder` itself.
+bool is_or_lies_in(std::u16string_view key, std::u16string_view folder);
 
 path current_path();
 /// Throws filesystem_error.

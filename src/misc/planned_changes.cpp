@@ -9,33 +9,16 @@ namespace {
 
 planned_changes* active_plan = nullptr;
 
-/// One name for all spellings of a path: absolute, upper case, single backslashes, none at the end.
-std::u16string path_key(const path& p)
-{
-    const text32 whole = collapse_repeated(replace_separators(to_text32(absolute(p))), U'\\');
-    std::u16string key = name_key(to_utf16(whole));
-    while (!key.empty() && key.back() == u'\\') {
-        key.pop_back();
-    }
-    return key;
-}
-
 std::u16string registry_key(const text32& text)
 {
     return name_key(to_utf16(text));
 }
 
-bool is_below(const std::u16string& key, const std::u16string& folder)
-{
-    return key.size() > folder.size() && key.starts_with(folder) && key[folder.size()] == u'\\';
-}
-
 /// True if a member of `tops` is `key`, or above it.
 bool covers(const std::set<std::u16string>& tops, const std::u16string& key)
 {
-    return std::any_of(tops.begin(), tops.end(), [&key](const std::u16string& top) {
-        return key == top || is_below(key, top);
-    });
+    return std::any_of(tops.begin(), tops.end(),
+                       [&key](const std::u16string& top) { return is_or_lies_in(key, top); });
 }
 
 /// Calls `take` with each member of the map that lies directly in `folder`.
@@ -55,8 +38,7 @@ void for_each_inside(const Map& map, const std::u16string& folder, Take take)
 
 template <class Map> void erase_tree(Map& map, const std::u16string& top)
 {
-    std::erase_if(
-        map, [&top](const auto& each) { return each.first == top || is_below(each.first, top); });
+    std::erase_if(map, [&top](const auto& each) { return is_or_lies_in(each.first, top); });
 }
 
 bool contains(const std::vector<text32>& names, const text32& name)
@@ -235,9 +217,8 @@ void planned_changes::delete_key(const text32& key)
     list_.push_back({.kind = change_kind::delete_key, .key = key});
     const std::u16string top = registry_key(key);
     erase_tree(made_keys_, top);
-    std::erase_if(values_, [&top](const auto& each) {
-        return each.first.first == top || is_below(each.first.first, top);
-    });
+    std::erase_if(values_,
+                  [&top](const auto& each) { return is_or_lies_in(each.first.first, top); });
     gone_keys_.insert(top);
 }
 

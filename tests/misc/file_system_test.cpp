@@ -170,11 +170,34 @@ TEST(file_system, a_relative_path_counts_from_the_current_directory)
         }
         EXPECT_TRUE(missing(from_text("C:\\file")));
         EXPECT_EQ(to_utf8(canonical(from_text("./..\\here/file"))), here + "\\file");
+        const std::u16string key = path_key(from_text("file"));
+        for (const char* const text : {"FILE\\", "C:file", ".\\file\\.", "..//here\\x\\..\\fIle"}) {
+            EXPECT_EQ(path_key(from_text(text)), key) << text;
+        }
+        EXPECT_TRUE(lies_in(key, path_key(folder.path())));
         const scoped_current_path unchanged{path()};
         EXPECT_THROW(scoped_current_path(from_text("missing")), filesystem_error);
         EXPECT_EQ(to_utf8(current_path()), here);
     }
     EXPECT_EQ(to_utf8(current_path()), before);
+}
+
+TEST(file_system, a_path_lies_in_another_by_whole_names)
+{
+    const auto lies = [](const char* inner, const char* outer) {
+        const std::u16string key = path_key(from_text(inner));
+        const std::u16string folder = path_key(from_text(outer));
+        EXPECT_EQ(is_or_lies_in(key, folder), key == folder || lies_in(key, folder));
+        return lies_in(key, folder);
+    };
+    EXPECT_TRUE(lies("C:\\a b\\c", "c:/A B/"));
+    EXPECT_TRUE(lies("C:\\a", "C:\\"));
+    EXPECT_TRUE(lies("\\\\server\\share\\x", "//SERVER/share"));
+    EXPECT_FALSE(lies("C:\\ab", "C:\\a"));
+    EXPECT_FALSE(lies("C:\\a", "C:\\a\\"));
+    EXPECT_FALSE(lies("C:\\a\\..\\..\\b", "C:\\a"));
+    EXPECT_FALSE(lies("\\\\server\\x", ""));
+    EXPECT_FALSE(lies("", "C:\\"));
 }
 
 TEST(file_system, a_canonical_path_has_no_separator_at_its_end)

@@ -148,18 +148,13 @@ bool is_name_allowed(const path& p)
 /// The machine's list holds `p`, or what `p` lies in, or (`or_inside`) something inside of `p`.
 bool lists(const std::vector<std::string>& list, const path& p, bool or_inside)
 {
-    const auto key = [](const path& each) {
-        const text32 plain = collapse_repeated(replace_separators(to_text32(each)), U'\\');
-        std::u16string text = name_key(to_utf16(plain));
-        return text.ends_with(u'\\') ? text : text + u'\\';
-    };
     if (list.empty()) {
         return false;
     }
-    const std::u16string wanted = key(p.is_absolute() ? p : from_host(to_host(p)));
+    const std::u16string wanted = path_key(p);
     return std::any_of(list.begin(), list.end(), [&](const std::string& listed) {
-        const std::u16string each = key(to_path(std::string_view(listed)));
-        return wanted.starts_with(each) || (or_inside && each.starts_with(wanted));
+        const std::u16string each = path_key(to_path(std::string_view(listed)));
+        return is_or_lies_in(wanted, each) || (or_inside && lies_in(each, wanted));
     });
 }
 

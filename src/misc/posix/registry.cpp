@@ -1,5 +1,6 @@
 #include "misc/registry_platform.h"
 
+#include "misc/file_system.h"
 #include "misc/posix/machine.h"
 #include "misc/text.h"
 
@@ -128,11 +129,6 @@ private:
     int folder_ = -1;
 };
 
-bool is_below(const std::u16string& path, const std::u16string& above)
-{
-    return path.size() > above.size() && path.starts_with(above) && path[above.size()] == u'\\';
-}
-
 bool denied(const std::u16string& path)
 {
     const std::u16string wanted = name_key(path);
@@ -142,7 +138,7 @@ bool denied(const std::u16string& path)
         if (!refused.starts_with(u"HKEY_")) {
             refused.insert(0, u"HKEY_LOCAL_MACHINE\\");
         }
-        return wanted == refused || is_below(wanted, refused);
+        return is_or_lies_in(wanted, refused);
     });
 }
 
@@ -171,7 +167,7 @@ std::vector<std::u16string> subkeys(const key& k)
     std::vector<std::u16string> names;
     const std::u16string above = name_key(k->path);
     for (const auto& [upper, each] : load()) {
-        if (is_below(upper, above) && upper.find(u'\\', above.size() + 1) == upper.npos) {
+        if (lies_in(upper, above) && upper.find(u'\\', above.size() + 1) == upper.npos) {
             names.push_back(each.path.substr(above.size() + 1));
         }
     }
@@ -319,14 +315,13 @@ status delete_tree(const key& parent, const std::u16string& name)
     return change_key(parent, [&](store& keys, stored_key& above) {
         const std::u16string top = name_key(above.path) + u'\\' + name_key(name);
         const bool refused = std::any_of(keys.begin(), keys.end(), [&top](const auto& each) {
-            return is_below(each.first, top) && denied(each.first);
+            return lies_in(each.first, top) && denied(each.first);
         });
         if (refused) {
             return access_denied;
         }
-        const std::size_t removed = std::erase_if(keys, [&top](const auto& each) {
-            return each.first == top || is_below(each.first, top);
-        });
+        const std::size_t removed = std::erase_if(
+            keys, [&top](const auto& each) { return is_or_lies_in(each.first, top); });
         return removed == 0 ? not_found : success;
     });
 }

@@ -7,9 +7,8 @@
 
 namespace nrd::uninstaller {
 
-using misc::text32;
+using misc::path_key;
 using misc::to_path;
-using misc::to_text32;
 
 namespace {
 
@@ -22,29 +21,10 @@ constexpr misc::known_folder folders_of_system[] = {
     misc::known_folder::windows,
 };
 
-/// Upper case, single backslashes, and one at the end, so that what lies in a folder begins with
-/// it.
-std::u16string path_key(const misc::path& p)
-{
-    const text32 plain = misc::collapse_repeated(
-        misc::replace_separators(to_text32(misc::absolute(p)) + U"\\"), U'\\');
-    return misc::name_key(misc::to_utf16(plain));
-}
-
-bool is_or_lies_in(const std::u16string& key, const std::u16string& folder)
-{
-    return key.starts_with(folder);
-}
-
-bool lies_strictly_in(const std::u16string& key, const std::u16string& folder)
-{
-    return key.size() > folder.size() && key.starts_with(folder);
-}
-
 /// The folder right below `top` that leads to `p`.
 misc::path topmost_below(const std::u16string& top, misc::path p)
 {
-    while (lies_strictly_in(path_key(p.parent_path()), top)) {
+    while (misc::lies_in(path_key(p.parent_path()), top)) {
         p = p.parent_path();
     }
     return p;
@@ -90,7 +70,9 @@ kept_folders::kept_folders(const installation::spec& s)
 bool kept_folders::holds(const misc::path& folder) const
 {
     const std::u16string key = path_key(folder);
-    const auto is_in_it = [&key](const std::u16string& kept) { return is_or_lies_in(kept, key); };
+    const auto is_in_it = [&key](const std::u16string& kept) {
+        return misc::is_or_lies_in(kept, key);
+    };
     return folder.relative_path().empty() || is_in_it(install_folder_) ||
            std::any_of(of_system_.begin(), of_system_.end(), is_in_it) ||
            std::any_of(named_.begin(), named_.end(),
@@ -101,10 +83,10 @@ bool kept_folders::others_in_install_folder() const
 {
     return std::any_of(of_system_.begin(), of_system_.end(),
                        [this](const std::u16string& kept) {
-                           return is_or_lies_in(kept, install_folder_);
+                           return misc::is_or_lies_in(kept, install_folder_);
                        }) ||
            std::any_of(named_.begin(), named_.end(), [this](const misc::path& named) {
-               return lies_strictly_in(path_key(named), install_folder_) &&
+               return misc::lies_in(path_key(named), install_folder_) &&
                       misc::is_directory(named) &&
                       holds_files(topmost_below(install_folder_, named));
            });
@@ -112,7 +94,7 @@ bool kept_folders::others_in_install_folder() const
 
 bool is_or_lies_in(const misc::path& p, const misc::path& folder)
 {
-    return is_or_lies_in(path_key(p), path_key(folder));
+    return misc::is_or_lies_in(path_key(p), path_key(folder));
 }
 
 } // namespace nrd::uninstaller
