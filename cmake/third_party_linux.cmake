@@ -42,6 +42,3 @@ else()
     find_package(GTest 1.12 REQUIRED)
     import_as(gtest GTest::gmock GTest::gtest GTest::gtest_main)
 endif()
-
-find_package(benchmark 1.7 REQUIRED)
-import_as(benchmark benchmark::benchmark_main)
