@@ -1,5 +1,6 @@
 #include "inst/installer/core/staging.h"
 
+#include "inst/installation/install_path.h"
 #include "inst/installation/install_utils.h"
 #include "inst/installer/core/logged_call.h"
 #include "misc/file_system.h"
@@ -19,10 +20,9 @@ constexpr std::size_t backup_suffix_length = 33;
 
 misc::path final_install_path(const installation::spec& local)
 {
-    // The separator is added behind any text; collapsing makes that harmless.
+    // The separator is added behind any text; where one stands already, they become one.
     const misc::text32 text = local.var_value(U"APP_INSTALL_PATH") + U"/";
-    return to_path(
-        std::u32string_view(misc::collapse_repeated(misc::replace_separators(text), U'\\')));
+    return to_path(std::u32string_view(installation::normalise_install_path(text)));
 }
 
 char32_t random_digit()
