@@ -51,21 +51,24 @@ public:
 
     ~window_document() override
     {
+        // Sent, not posted: a queue that is full takes no more messages, and the thread would not
+        // end. What is still posted goes with the window.
         if (window_ != nullptr) {
-            PostMessageW(window_, message_close, 0, 0);
+            SendMessageW(window_, message_close, 0, 0);
         }
         thread_.join();
     }
 
     void print(std::u16string_view text) override
     {
-        {
-            const std::lock_guard lock(mutex_);
-            pending_ += with_windows_line_ends(text);
-        }
-        // Posted to no window, the message would go to the caller's own thread.
-        if (window_ != nullptr) {
-            PostMessageW(window_, message_print, 0, reinterpret_cast<LPARAM>(this));
+        const std::lock_guard lock(mutex_);
+        pending_ += with_windows_line_ends(text);
+        // One message is under way at a time, however much is printed; one that a full queue did
+        // not take is posted again with the next text. Posted to no window, it would go to the
+        // caller's own thread.
+        if (window_ != nullptr && !is_posted_) {
+            is_posted_ =
+                PostMessageW(window_, message_print, 0, reinterpret_cast<LPARAM>(this)) != FALSE;
         }
     }
 
@@ -127,6 +130,7 @@ private:
     std::wstring take_pending()
     {
         const std::lock_guard lock(mutex_);
+        is_posted_ = false;
         return std::exchange(pending_, {});
     }
 
@@ -157,6 +161,7 @@ private:
 
     std::mutex mutex_;
     std::wstring pending_;
+    bool is_posted_ = false; ///< the message that makes the window take what is pending
     std::thread thread_;
     HWND window_ = nullptr;
 };
