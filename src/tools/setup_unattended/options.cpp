@@ -23,19 +23,25 @@ const char* const usage_text =
 
 namespace {
 
+constexpr std::array own_options = {"--path", "--plan", "--json", "--quiet", "--help"};
 constexpr std::array startup_options = {"--desktop", "--prefs", "--lang"};
 
-bool is_startup_option(const std::string& word)
+template <class Names> bool contains(const Names& names, const std::string& word)
 {
-    return std::find(startup_options.begin(), startup_options.end(), word) != startup_options.end();
+    return std::find(names.begin(), names.end(), word) != names.end();
 }
 
 const std::string& value_of(const std::vector<std::string>& args, std::size_t& i)
 {
-    if (i + 1 >= args.size()) {
-        throw wrong_options("The option " + args[i] + " needs a value.");
+    const std::string& option = args[i];
+    if (++i >= args.size()) {
+        throw wrong_options("The option " + option + " needs a value, see --help");
     }
-    return args[++i];
+    if (contains(own_options, args[i]) || contains(startup_options, args[i])) {
+        throw wrong_options("The option " + option + " needs a value, and " + args[i] +
+                            " is an option itself");
+    }
+    return args[i];
 }
 
 } // namespace
@@ -55,10 +61,10 @@ unattended_options parse_options(const std::vector<std::string>& args)
             options.quiet = true;
         } else if (word == "--help") {
             options.help = true;
-        } else if (is_startup_option(word)) {
+        } else if (contains(startup_options, word)) {
             value_of(args, i);
         } else {
-            throw wrong_options("The option " + word + " is not known.");
+            throw wrong_options("The option " + word + " is not known, see --help");
         }
     }
     return options;

@@ -19,13 +19,13 @@ struct unattended_options {
     bool help = false;
 };
 
-/// A command line that is not understood; the text is a sentence about it.
+/// A command line that is not understood; the text is a sentence about it, without its full stop.
 struct wrong_options : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
 /// `args` are UTF-8, the program's name first. Throws wrong_options for an unknown word and for an
-/// option that lacks its value.
+/// option that lacks its value; the name of an option is nobody's value.
 unattended_options parse_options(const std::vector<std::string>& args);
 
 extern const char* const usage_text;

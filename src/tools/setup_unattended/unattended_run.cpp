@@ -62,16 +62,14 @@ exit_code unattended_run::run()
     try {
         options_ = parse_options(args_);
     } catch (const wrong_options& error) {
-        err_ << error.what() << " Try --help.\n";
-        return exit_code::wrong_options;
+        return refuse_options(error.what());
     }
     if (options_.help) {
         out_ << usage_text;
         return exit_code::done;
     }
     if (!open_json_file()) {
-        err_ << "The file " << options_.json_file.value_or("") << " cannot be written.\n";
-        return exit_code::wrong_options;
+        return refuse_options("The file " + options_.json_file.value_or("") + " cannot be written");
     }
     const exit_code code = run_steps();
     if (!write_json(code)) {
@@ -271,6 +269,12 @@ std::string unattended_run::log_text() const
     }
     return "no log: its folder was not there yet when this run started, the next run has one in " +
            to_utf8(startup_.company_dir / "log" / "installer");
+}
+
+exit_code unattended_run::refuse_options(const std::string& sentence)
+{
+    err_ << sentence << " (no log: nothing was begun).\n";
+    return exit_code::wrong_options;
 }
 
 exit_code unattended_run::fail(exit_code code, const std::string& sentence)

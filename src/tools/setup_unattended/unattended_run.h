@@ -46,6 +46,7 @@ private:
     /// The install.xml at `position`, or the package as a whole if there is none.
     [[nodiscard]] std::string package_text(std::size_t position) const;
     [[nodiscard]] std::string log_text() const;
+    exit_code refuse_options(const std::string& sentence);
     exit_code fail(exit_code code, const std::string& sentence);
     /// False if there is a file to write and it was not written to its end.
     bool write_json(exit_code code);
