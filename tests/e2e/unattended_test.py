@@ -260,3 +260,11 @@ class Setup(MachineTest):
         self.assertEqual(self.machine.run(self.package.setup, "--lang", "de").returncode, 0)
         (self.package.root / "0" / "product" / "install.xml").write_text("<installation>")
         self.assertNotIn(self.machine.run(self.package.setup).returncode, (0, 1))
+
+    def test_without_a_screen_it_ends_before_anything_else(self):
+        self.package.add(0, install_xml(packages=FOUR_PACKAGES))
+        self.machine.environment["SDL_VIDEODRIVER"] = "none such"
+        for _ in range(2):
+            self.assertEqual(self.machine.run(self.package.setup).returncode, 1)
+        self.assertEqual(self.machine.newest_log()[-2:],
+                         ["SDL init fail.", "none such not available"])

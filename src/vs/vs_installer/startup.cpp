@@ -82,7 +82,9 @@ bool startup::start_sdl()
 
 void startup::find_locations()
 {
-    exe_path = misc::get_executable_path();
+    if (exe_path.empty()) {
+        exe_path = misc::get_executable_path();
+    }
     data_dir = exe_path.parent_path() / "resources";
     package_root = exe_path.parent_path().parent_path().parent_path().parent_path();
     installer_log("Data dir: " + to_utf8(data_dir));

@@ -27,7 +27,7 @@ public:
     startup_result run();
 
     misc::path company_dir;  ///< "Tavrolen Corporation" in the settings folder
-    misc::path exe_path;     ///< of the running program
+    misc::path exe_path;     ///< of the running program, unless another was set before the run
     misc::path data_dir;     ///< "resources" beside the program
     misc::path package_root; ///< three folders above the program's
     std::vector<misc::path> xml_paths;
