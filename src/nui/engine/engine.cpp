@@ -220,9 +220,8 @@ void Engine::nativeMenuOpens(const void* nativeMenu)
 {
     for (const std::weak_ptr<PopupMenuItem>& known : menuItems_) {
         const auto menu = std::dynamic_pointer_cast<PopupMenu>(known.lock());
-        if (menu && menu->nativeMenu() == nativeMenu) {
-            EventTemplate<PopupMenuItem> opening(plain_event::WindowOpening);
-            menu->listeners.call(opening);
+        if (menu && menu->hasNativeMenu(nativeMenu)) {
+            menu->open();
             return;
         }
     }

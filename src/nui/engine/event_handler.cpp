@@ -144,7 +144,7 @@ void EventHandler::onMenuCommand(const SDL_UserEvent& event)
         const std::shared_ptr<PopupMenuItem> item = known.lock();
         if (item && item->hasCommand(static_cast<std::uint32_t>(event.code))) {
             MenuEvent activation;
-            item->listeners.call(activation);
+            dispatch(*item, activation, Phase::AtTarget);
             return;
         }
     }

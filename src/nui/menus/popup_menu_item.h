@@ -68,7 +68,12 @@ private:
     bool registered_ = false;
 };
 
-/// The user chose the item: it and then its menus hear of it (type 0) until a listener ends it.
+/// Gives the event to the item's own listeners. At the target, the item becomes the event's source
+/// unless there is one.
+void dispatch(PopupMenuItem& item, MenuEvent& event, Phase phase);
+
+/// The shortcut of the item was pressed: it and then its menus hear of it (type 0) until a
+/// listener ends it.
 void activate(PopupMenuItem& item);
 
 } // namespace nui

@@ -49,6 +49,9 @@ public:
     friend class LayoutFile;
 
 private:
+    [[nodiscard]] static WidgetPtr make(const char* className, const WidgetPtr& source);
+    bool loadFile(IncludeCache& cache, WidgetMap* target);
+
     std::string theme_;
     std::uint32_t widgetCounter_ = 0;
     std::vector<Widget*> reloadList_;
