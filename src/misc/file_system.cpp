@@ -38,12 +38,47 @@ error_code missing_source(const path& from)
                : make_error_code(boost::system::errc::no_such_file_or_directory);
 }
 
+error_code foreseen_move_refusal(const planned_changes& plan, const path& from, const path& to)
+{
+    error_code ec = missing_source(from);
+    if (!ec) {
+        ec = change_refusal(from);
+    }
+    if (!ec && !plan.status(from)) {
+        ec = move_refusal(from);
+    }
+    return ec ? ec : foreseen_refusal(to, misc::symlink_status(from).type());
+}
+
+/// Why something could not be made at `place`, or below it if `is_itself` is false. Something is
+/// there already.
+error_code refusal_at(const path& place, bool is_itself, file_type made)
+{
+    if (!misc::is_directory(place)) {
+        if (!is_itself) {
+            return make_error_code(boost::system::errc::not_a_directory);
+        }
+        if (made == fs::directory_file) {
+            return make_error_code(boost::system::errc::file_exists);
+        }
+        if (const error_code ec = overwrite_refusal(place)) {
+            return ec;
+        }
+    } else if (is_itself && made != fs::directory_file) {
+        return make_error_code(boost::system::errc::is_a_directory);
+    }
+    return write_refusal(place);
+}
+
 using copy_operation = void (*)(const fs::path& from, const fs::path& to, error_code& ec);
 
 void copy_with(copy_operation copy, const path& from, const path& to, error_code& ec)
 {
     if (planned_changes* plan = planned_changes::active()) {
         ec = missing_source(from);
+        if (!ec) {
+            ec = foreseen_refusal(to, fs::regular_file);
+        }
         if (!ec) {
             plan->copy_file(from, to, misc::file_size(from), !missing(to));
         }
@@ -172,7 +207,10 @@ void create_directories(const path& p, error_code& ec)
     if (planned_changes* plan = planned_changes::active(); plan != nullptr && !p.empty()) {
         ec.clear();
         if (!misc::is_directory(p)) {
-            plan->create_folder(p);
+            ec = foreseen_refusal(p, fs::directory_file);
+            if (!ec) {
+                plan->create_folder(p);
+            }
         }
     } else if (misc::is_directory(p)) {
         ec.clear();
@@ -188,6 +226,26 @@ void create_directories(const path& p)
     if (ec) {
         throw error_at("creating the folder", p, ec);
     }
+}
+
+error_code foreseen_refusal(const path& p, file_type made)
+{
+    const path whole = misc::absolute(p);
+    if (const error_code ec = change_refusal(whole)) {
+        return ec;
+    }
+    const planned_changes* const plan = planned_changes::active();
+    bool is_itself = true;
+    for (path place = whole; !place.empty(); place = place.parent_path(), is_itself = false) {
+        if (missing(place)) {
+            continue;
+        }
+        // What the plan itself has put there needs no one's permission.
+        const bool is_planned = plan != nullptr && plan->status(place);
+        const bool fits = misc::is_directory(place) == (!is_itself || made == fs::directory_file);
+        return is_planned && fits ? error_code() : refusal_at(place, is_itself, made);
+    }
+    return write_refusal(whole.root_path());
 }
 
 void copy_file(const path& from, const path& to, error_code& ec)
@@ -216,7 +274,7 @@ void copy_special(const path& from, const path& to, error_code& ec)
 void rename(const path& from, const path& to, error_code& ec)
 {
     if (planned_changes* plan = planned_changes::active()) {
-        ec = missing_source(from);
+        ec = foreseen_move_refusal(*plan, from, to);
         if (!ec) {
             plan->rename(from, to);
         }
@@ -228,8 +286,9 @@ void rename(const path& from, const path& to, error_code& ec)
 void remove(const path& p, error_code& ec)
 {
     if (planned_changes* plan = planned_changes::active()) {
-        ec.clear();
-        plan->remove(p);
+        if (may_change(p, ec)) {
+            plan->remove(p);
+        }
     } else if (may_change(p, ec)) {
         make_removable(p);
         fs::remove(to_host(p), ec);
@@ -239,8 +298,9 @@ void remove(const path& p, error_code& ec)
 void remove_all(const path& p, error_code& ec)
 {
     if (planned_changes* plan = planned_changes::active()) {
-        ec.clear();
-        plan->remove(p);
+        if (may_change(p, ec)) {
+            plan->remove(p);
+        }
     } else if (may_change(p, ec)) {
         fs::remove_all(to_host(p), ec);
         // A single read-only file stops the library's removal on Windows.
@@ -335,7 +395,7 @@ std::ifstream open_for_reading(const path& p)
 std::ofstream open_for_writing(const path& p, line_ends ends)
 {
     if (planned_changes* plan = planned_changes::active()) {
-        if (!missing(p.parent_path())) {
+        if (!missing(p.parent_path()) && !foreseen_refusal(p, fs::regular_file)) {
             plan->write_file(p);
         }
         return {};

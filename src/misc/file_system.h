@@ -48,6 +48,10 @@ void create_directories(const path& p, error_code& ec);
 /// Throws filesystem_error.
 void create_directories(const path& p);
 
+/// For a change that is only planned: why a file, or a folder, could not be made at `p`, in so far
+/// as the machine can be asked without being changed.
+error_code foreseen_refusal(const path& p, file_type made);
+
 void copy_file(const path& from, const path& to, error_code& ec);
 void copy_symlink(const path& from, const path& to, error_code& ec);
 /// For what is neither a regular file nor a link.

@@ -32,6 +32,13 @@ error_code change_refusal(const path& p);
 /// The same for replacing the content of a file, which a read-only file does not allow.
 error_code overwrite_refusal(const path& p);
 
+// What the host would refuse a change for, asked without making it.
+
+/// Of a file, replacing its content; of a folder, making something in it.
+error_code write_refusal(const path& p);
+/// Moving a file, or a folder with all that is in it, elsewhere.
+error_code move_refusal(const path& p);
+
 /// Takes off a file what makes the host refuse to remove it although its folder allows it.
 void make_removable(const path& p);
 

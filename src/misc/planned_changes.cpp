@@ -201,8 +201,8 @@ void planned_changes::create_key(const text32& key)
     }
 }
 
-void planned_changes::set_value(const text32& key, const text32& name, std::optional<text32> before,
-                                const text32& data)
+void planned_changes::set_value(const text32& key, const text32& name,
+                                std::optional<registry_data> before, const text32& data)
 {
     list_.push_back({.kind = change_kind::set_value,
                      .key = key,
@@ -223,7 +223,7 @@ void planned_changes::delete_key(const text32& key)
 }
 
 void planned_changes::delete_value(const text32& key, const text32& name,
-                                   std::optional<text32> before)
+                                   std::optional<registry_data> before)
 {
     list_.push_back(
         {.kind = change_kind::delete_value, .key = key, .name = name, .before = std::move(before)});

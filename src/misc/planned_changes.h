@@ -2,6 +2,7 @@
 
 #include "misc/file_system.h"
 #include "misc/path.h"
+#include "misc/registry_data.h"
 #include "misc/text.h"
 
 #include <cstdint>
@@ -30,14 +31,14 @@ enum class change_kind {
 /// One change that was asked for. Fields that the kind has no use for are empty.
 struct planned_change {
     change_kind kind = change_kind::create_folder;
-    path source{};                  ///< of a copy, or the name before a renaming
-    path target{};                  ///< the file or folder; of a shortcut, the link itself
-    std::uint64_t bytes = 0;        ///< of the source of a copy
-    bool replaces = false;          ///< a copy onto a file that is there
-    text32 key{};                   ///< registry key with its root, or the goal of a shortcut
-    text32 name{};                  ///< registry value
-    std::optional<text32> before{}; ///< data that a value has now
-    text32 data{};                  ///< data that it gets
+    path source{};           ///< of a copy, or the name before a renaming
+    path target{};           ///< the file or folder; of a shortcut, the link itself
+    std::uint64_t bytes = 0; ///< of the source of a copy
+    bool replaces = false;   ///< a copy onto a file that is there
+    text32 key{};            ///< registry key with its root, or the goal of a shortcut
+    text32 name{};           ///< registry value
+    std::optional<registry_data> before{}; ///< data that a value has now
+    text32 data{};                         ///< data that it gets, always a REG_SZ
 };
 
 /// While an object of this class lives, nothing in the program changes the machine: every change
@@ -72,10 +73,10 @@ public:
 
     // What registry.cpp reports and asks; keys are full paths.
     void create_key(const text32& key);
-    void set_value(const text32& key, const text32& name, std::optional<text32> before,
+    void set_value(const text32& key, const text32& name, std::optional<registry_data> before,
                    const text32& data);
     void delete_key(const text32& key);
-    void delete_value(const text32& key, const text32& name, std::optional<text32> before);
+    void delete_value(const text32& key, const text32& name, std::optional<registry_data> before);
     /// Nothing if the changes did not touch the key.
     [[nodiscard]] std::optional<bool> key_exists(const text32& key) const;
     /// Outer: whether the changes touched the value; inner: its data, nothing if it is gone.

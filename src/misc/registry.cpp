@@ -43,7 +43,7 @@ text32 full_path(const text32& path)
     const resolved_key key = resolve(path);
     const text32 root =
         key.root == platform::local_machine ? U"HKEY_LOCAL_MACHINE" : U"HKEY_CLASSES_ROOT";
-    return key.subkey.empty() ? root : root + U"\\" + key.subkey;
+    return key.subkey.empty() ? root : root + U"\\" + collapse_repeated(key.subkey, U'\\');
 }
 
 /// The flag that reaches the 64-bit view; joined to the rights of every access.
@@ -105,9 +105,17 @@ std::vector<text32> real_names(const text32& path, std::uint32_t platform::key_i
     return enumerate(key, info.*count, info.*longest, next);
 }
 
-std::optional<text32> current_data(const text32& path, const text32& name)
+/// For a planned change: throws as the real one would, which asks for the same rights. A key that
+/// the machine does not have is the plan's own.
+void expect_right(const text32& path, std::uint32_t access)
 {
-    return value_exists(path, name) ? std::optional(read_value(path, name)) : std::nullopt;
+    open(path, access);
+}
+
+/// False for what the system takes for no key's path at all, so that none can be made there.
+bool is_key_path(const text32& path)
+{
+    return !resolve(path).subkey.starts_with(U'\\');
 }
 
 /// The key above, and the last component.
@@ -118,6 +126,31 @@ std::pair<text32, text32> split_last(const text32& subkey)
         return {text32(), subkey};
     }
     return {subkey.substr(0, end), subkey.substr(end + 1)};
+}
+
+/// The same for a key that is to be made: if it is not there, the nearest one above it decides.
+void expect_right_to_create(const text32& path)
+{
+    const resolved_key key = resolve(path);
+    std::uint32_t access = platform::key_set_value;
+    for (text32 subkey = key.subkey;; subkey = split_last(subkey).first) {
+        platform::key opened;
+        if (succeeded(platform::open_key(key.root, to_utf16(subkey), access | view_flag(), opened),
+                      path) ||
+            subkey.empty()) {
+            return;
+        }
+        access = platform::key_create_sub_key;
+    }
+}
+
+/// The same for a key that is to go, with all that is below it.
+void expect_right_to_delete(const text32& path)
+{
+    expect_right(path, platform::key_read | platform::key_delete);
+    for (const text32& name : subkey_names(path)) {
+        expect_right_to_delete(path + U"\\" + name);
+    }
 }
 
 bool is_empty(const text32& path)
@@ -172,6 +205,22 @@ text32 read_value(const text32& path, const text32& name)
     return to_text32(text);
 }
 
+std::optional<registry_data> read_data(const text32& path, const text32& name)
+{
+    if (const planned_changes* plan = planned_changes::active()) {
+        if (const auto planned = plan->value(full_path(path), name)) {
+            return *planned ? std::optional(registry_data{"REG_SZ", **planned}) : std::nullopt;
+        }
+    }
+    const platform::key key = open(path, platform::key_query_value);
+    std::uint32_t type = 0;
+    std::vector<std::uint8_t> bytes;
+    if (key == nullptr || !succeeded(platform::get_data(key, to_utf16(name), type, bytes), path)) {
+        return std::nullopt;
+    }
+    return describe_data(type, bytes);
+}
+
 std::map<text32, text32> read_values(const text32& path, const std::vector<text32>& names)
 {
     std::map<text32, text32> values;
@@ -222,6 +271,10 @@ std::vector<text32> subkey_names(const text32& path)
 bool create_key(const text32& path)
 {
     if (planned_changes* plan = planned_changes::active()) {
+        if (!is_key_path(path)) {
+            return false;
+        }
+        expect_right_to_create(path);
         plan->create_key(full_path(path));
         return true;
     }
@@ -235,10 +288,14 @@ bool create_key(const text32& path)
 bool set_string_value(const text32& path, const text32& name, const text32& text)
 {
     if (planned_changes* plan = planned_changes::active()) {
+        if (!is_key_path(path)) {
+            return false;
+        }
         if (!key_exists(path)) {
             throw registry_error(registry_error::key_not_found, path);
         }
-        plan->set_value(full_path(path), name, current_data(path, name), text);
+        expect_right(path, platform::key_set_value);
+        plan->set_value(full_path(path), name, read_data(path, name), text);
         return true;
     }
     const resolved_key key = resolve(path);
@@ -259,6 +316,7 @@ bool delete_key(const text32& path)
         return false; // a root stays, whatever is asked
     }
     if (planned_changes* plan = planned_changes::active()) {
+        expect_right_to_delete(path);
         plan->delete_key(full_path(path));
         return true;
     }
@@ -278,7 +336,8 @@ bool delete_value(const text32& path, const text32& name, int flag)
     }
     bool deleted = true;
     if (planned_changes* plan = planned_changes::active()) {
-        plan->delete_value(full_path(path), name, current_data(path, name));
+        expect_right(path, platform::key_set_value);
+        plan->delete_value(full_path(path), name, read_data(path, name));
     } else {
         const platform::key key = open(path, platform::key_set_value);
         deleted = key != nullptr && succeeded(platform::delete_value(key, to_utf16(name)), path);

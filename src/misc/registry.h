@@ -1,9 +1,11 @@
 #pragma once
 
+#include "misc/registry_data.h"
 #include "misc/text.h"
 
 #include <exception>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -53,6 +55,9 @@ bool value_exists(const text32& path, const text32& name);
 text32 read_value(const text32& path, const text32& name);
 /// Empty text for a value that is absent; an empty map if the key is.
 std::map<text32, text32> read_values(const text32& path, const std::vector<text32>& names);
+
+/// The data of a value of whatever type and length; nothing if it is absent.
+std::optional<registry_data> read_data(const text32& path, const text32& name);
 
 std::vector<text32> value_names(const text32& path);
 /// Ordered by upper-cased names.

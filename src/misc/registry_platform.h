@@ -14,6 +14,8 @@ using status = std::uint32_t;
 constexpr status success = 0;
 constexpr status not_found = 2;
 constexpr status access_denied = 5;
+/// For a path that begins with a separator; several in a row further on count as one.
+constexpr status bad_path = 161;
 constexpr status more_data = 234;
 constexpr status no_more_items = 259;
 constexpr status unsupported_type = 1630;
@@ -23,6 +25,7 @@ constexpr std::uint32_t local_machine = 0x80000002;
 constexpr std::uint32_t classes_root = 0x80000000;
 constexpr std::uint32_t key_query_value = 0x1;
 constexpr std::uint32_t key_set_value = 0x2;
+constexpr std::uint32_t key_create_sub_key = 0x4;
 constexpr std::uint32_t key_read = 0x20019;
 constexpr std::uint32_t key_delete = 0x10000;
 constexpr std::uint32_t key_wow64_64key = 0x100;
@@ -52,6 +55,10 @@ status get_string(const key& k, const std::u16string& name, std::uint32_t capaci
 /// One query for all; it fails as a whole if one is missing.
 status get_strings(const key& k, const std::vector<std::u16string>& names,
                    std::vector<std::u16string>& out);
+/// A value of whatever type: its number and its bytes, numbers with the lowest first, texts in
+/// UTF-16.
+status get_data(const key& k, const std::u16string& name, std::uint32_t& type,
+                std::vector<std::uint8_t>& out);
 /// Whether the value is there, of whatever type.
 status query_value(const key& k, const std::u16string& name);
 status set_string(const key& k, const std::u16string& name, const std::u16string& text);

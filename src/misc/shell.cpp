@@ -11,6 +11,9 @@ text32 create_shortcut(const text32& location, const text32& destination)
     if (planned_changes* plan = planned_changes::active()) {
         error_code ec;
         create_directories(link.parent_path(), ec);
+        if (ec || foreseen_refusal(link, boost::filesystem::regular_file)) {
+            return {};
+        }
         plan->create_shortcut(link, destination);
         return to_text32(link);
     }

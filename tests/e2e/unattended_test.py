@@ -35,6 +35,13 @@ class MachineTest(unittest.TestCase):
                          r"\((log|no log|a plan writes no log)[^\n]*\)\.\n$")
         return ended
 
+    def plan(self):
+        file = self.package.root / "plan.json"
+        name = "Z:" + str(file) if IS_WINDOWS else str(file)
+        ended = self.run_unattended("--plan", "--json", name)
+        self.assertEqual(ended.returncode, 0, ended.stderr)
+        return ended.stdout, json.loads(file.read_text(encoding="utf-8"))
+
 
 class Installs(MachineTest):
     def test_a_clean_install_is_complete_and_listed(self):
@@ -101,13 +108,6 @@ class Installs(MachineTest):
 
 
 class Plans(MachineTest):
-    def plan(self):
-        file = self.package.root / "plan.json"
-        name = "Z:" + str(file) if IS_WINDOWS else str(file)
-        ended = self.run_unattended("--plan", "--json", name)
-        self.assertEqual(ended.returncode, 0, ended.stderr)
-        return ended.stdout, json.loads(file.read_text(encoding="utf-8"))
-
     def test_a_plan_changes_nothing_and_an_install_does_just_what_it_says(self):
         self.package.add(0, install_xml(rest='<registry><key path="SOFTWARE\\Trial" name="a" '
                                              'data="b"/></registry>'))
@@ -140,6 +140,31 @@ class Plans(MachineTest):
         table, plan = self.plan()
         self.assertIn("source missing", table)
         self.assertEqual(plan["plan"]["missing_sources"], ["files\\last.txt"])
+
+        target = self.machine.drive / TARGET
+        target.parent.mkdir(parents=True, exist_ok=True)
+        target.write_bytes(b"a file where a folder has to be")
+        table, plan = self.plan()
+        self.assertRegex(table, r"would stop at\n[^\n]*C:\\Program Files\\Trial")
+        self.assertEqual([each["where"].rstrip("\\") for each in plan["plan"]["failures"]],
+                         ["C:\\Program Files\\Trial"])
+        self.expect(4, "C:\\Program Files\\Trial", args=("--quiet",))
+
+    def test_a_plan_tells_what_a_value_is_now_whatever_its_type(self):
+        self.package.add(0, install_xml(rest='<registry><key path="SOFTWARE\\Trial" name="a" '
+                                             'data="b"/></registry>'))
+        if IS_WINDOWS:
+            self.machine.run("reg", "add", r"HKLM\SOFTWARE\Trial", "/v", "a", "/t", "REG_DWORD",
+                             "/d", "7", "/f", "/reg:64")
+        else:
+            values = {"a": {"type": "REG_DWORD", "data": 7}}
+            (self.machine.folder / "registry.json").write_text(
+                json.dumps({r"HKEY_LOCAL_MACHINE\SOFTWARE\Trial": values}))
+        table, plan = self.plan()
+        self.assertRegex(table, r'Trial +"a" +REG_DWORD 7 +-> +"b"')
+        entry = next(each for each in plan["plan"]["specs"][0]["registry"]
+                     if each.get("name") == "a")
+        self.assertEqual(entry["before"], {"type": "REG_DWORD", "data": "7"})
 
 
 class Failures(MachineTest):
@@ -246,8 +271,25 @@ class OldMachine(MachineTest):
         self.assertIn("32 bit COREL installer running on 32 bit Windows.", self.machine.newest_log())
 
 
+class RefusingMachine(MachineTest):
+    """Only a machine folder can refuse its administrator a key."""
+
+    machine_facts = {"denied_keys": [r"SOFTWARE\Trial"]}
+
+    def test_a_plan_names_the_keys_that_are_refused_and_an_install_does_too(self):
+        self.package.add(0, install_xml(rest='<registry><key path="SOFTWARE\\Trial" name="a" '
+                                             'data="b"/></registry>'))
+        table, plan = self.plan()
+        self.assertRegex(table, r"would go on without\n +refused registry key +SOFTWARE\\Trial\n")
+        self.assertEqual(plan["plan"]["refused_keys"], [r"SOFTWARE\Trial"])
+        self.assertEqual(plan["plan"]["failures"], [])
+        ended = self.run_unattended()
+        self.assertEqual(ended.returncode, 0)
+        self.assertRegex(ended.stderr, r"keys were refused.*: SOFTWARE\\Trial \(no log")
+
+
 if IS_WINDOWS:
-    del OldMachine
+    del OldMachine, RefusingMachine
 
 
 class Setup(MachineTest):

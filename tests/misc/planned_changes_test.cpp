@@ -2,12 +2,15 @@
 
 #include "misc/registry.h"
 #include "misc/shell.h"
+#include "support/denied_key.h"
 #include "support/file_content.h"
 #include "support/folder_text.h"
+#include "support/locked_path.h"
 #include "support/registry_text.h"
 #include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
+#include <memory>
 #include <stdexcept>
 
 namespace nrd::misc {
@@ -39,7 +42,7 @@ std::string list_text(const planned_changes& plan, const path& folder)
         const std::size_t key_name = change.key.rfind(U'\\') + 1;
         text += change.key.empty() ? "" : " [" + to_utf8(change.key.substr(key_name)) + "]";
         text += change.name.empty() ? "" : " " + to_utf8(change.name);
-        text += change.before ? " was " + to_utf8(*change.before) : "";
+        text += change.before ? " was " + to_utf8(change.before->text) : "";
         text += change.data.empty() ? "" : " is " + to_utf8(change.data);
         text += "\n";
     }
@@ -125,6 +128,85 @@ TEST(planned_changes, later_questions_are_answered_as_if_all_was_done)
     copy_file(folder / "from", folder / "x", ec);
     EXPECT_EQ(ec, boost::system::errc::no_such_file_or_directory);
     EXPECT_TRUE(missing(folder / "x"));
+}
+
+/// What a real change is refused for, a planned one is too, and is not in the record.
+TEST(planned_changes, are_refused_where_real_ones_would_be)
+{
+    const temp_folder folder;
+    write_file(folder / "from", "new");
+    write_file(folder / "file", "x");
+    write_file(folder / "dir\\in use", "old");
+    const test::locked_path locked(folder / "dir\\in use");
+    const auto refusals = [&folder] {
+        const auto at = [&folder](const char* name) { return folder / name; };
+        std::string text;
+        error_code ec;
+        const auto tell = [&](const char* change) {
+            text += ec ? std::string(change) + " " : std::string();
+        };
+        copy_file(at("from"), at("dir\\in use"), ec);
+        tell("in-use");
+        copy_file(at("from"), at("file\\x"), ec);
+        tell("below-file");
+        copy_file(at("from"), at("dir"), ec);
+        tell("onto-folder");
+        copy_file(at("from"), at("dir\\beside"), ec);
+        tell("beside");
+        create_directories(at("file\\x\\y"), ec);
+        tell("folder-below-file");
+        create_directories(at("file"), ec);
+        tell("folder-onto-file");
+        create_directories(at("new\\x"), ec);
+        tell("folder");
+        copy_file(at("from"), at("new\\x\\y"), ec);
+        tell("into-new");
+        rename(at("new\\x"), at("new\\z"), ec);
+        tell("rename");
+        if (open_for_writing(at("dir\\in use")).is_open()) {
+            text += "written";
+        }
+        if (create_shortcut(to_text32(at("file\\link")), U"C:\\goal").empty()) {
+            text += "shortcut";
+        }
+        return text;
+    };
+    std::string planned;
+    {
+        const planned_changes plan;
+        planned = refusals();
+        EXPECT_EQ(list_text(plan, folder.path()), "copy_file \\from \\dir\\beside 3\n"
+                                                  "create_folder \\new\\x\n"
+                                                  "copy_file \\from \\new\\x\\y 3\n"
+                                                  "rename \\new\\x \\new\\z\n");
+    }
+    EXPECT_EQ(planned, "in-use below-file onto-folder folder-below-file "
+                       "folder-onto-file shortcut");
+    EXPECT_EQ(refusals(), planned);
+}
+
+TEST(planned_changes, are_refused_by_denied_keys_as_real_ones_are)
+{
+    const scratch_key key;
+    create_key(key / U"Denied\\Sub");
+    set_string_value(key / U"Denied", U"x", U"1");
+    const test::denied_key denied(key / U"Denied");
+    const auto refused = [](const auto& change) {
+        try {
+            change();
+        } catch (const registry_error& error) {
+            return error.code() == registry_error::access_denied;
+        }
+        return false;
+    };
+    for (const bool only_planned : {true, false}) {
+        const auto plan = only_planned ? std::make_unique<planned_changes>() : nullptr;
+        EXPECT_TRUE(refused([&] { create_key(key / U"Denied"); }));
+        EXPECT_TRUE(refused([&] { set_string_value(key / U"Denied", U"x", U"2"); }));
+        EXPECT_TRUE(refused([&] { delete_value(key / U"Denied", U"x", 0); }));
+        EXPECT_TRUE(refused([&] { delete_key(key.path()); }));
+        EXPECT_TRUE(plan == nullptr || plan->list().empty());
+    }
 }
 
 TEST(planned_changes, hold_for_the_registry_as_well)

@@ -1,11 +1,13 @@
 #include "misc/registry.h"
 
+#include "misc/planned_changes.h"
 #include "support/denied_key.h"
 #include "support/registry_text.h"
 
 #include <algorithm>
 #include <functional>
 #include <gtest/gtest.h>
+#include <memory>
 
 namespace nrd::misc {
 
@@ -73,6 +75,41 @@ TEST(registry, a_separator_at_the_end_changes_nothing)
     EXPECT_EQ(registry_text(key.path() + U"\\"), "[a]\nx = 1\n");
     EXPECT_TRUE(delete_key(key / U"a\\"));
     EXPECT_FALSE(key_exists(key / U"a"));
+}
+
+TEST(registry, several_separators_count_as_one_and_none_may_come_first)
+{
+    const scratch_key key;
+    const text32 below_root = key.path().substr(key.path().find(U'\\') + 1);
+    for (const bool only_planned : {true, false}) {
+        const auto plan = only_planned ? std::make_unique<planned_changes>() : nullptr;
+        EXPECT_TRUE(create_key(key / U"a\\\\b\\\\\\c\\\\"));
+        EXPECT_TRUE(set_string_value(key / U"a\\b\\\\", U"x", U"1"));
+        EXPECT_EQ(read_value(key / U"\\a\\\\b", U"x"), U"1");
+        EXPECT_EQ(registry_text(key.path()), "[a]\n[a\\b]\nx = 1\n[a\\b\\c]\n");
+        EXPECT_TRUE(delete_key(key / U"a\\\\b"));
+        EXPECT_FALSE(key_exists(key / U"a\\b"));
+        for (const text32& path :
+             {U"\\" + below_root + U"\\a", U"HKEY_LOCAL_MACHINE\\\\" + below_root + U"\\a"}) {
+            EXPECT_FALSE(key_exists(path));
+            EXPECT_FALSE(create_key(path));
+            EXPECT_FALSE(set_string_value(path, U"x", U"1"));
+            EXPECT_EQ(read_value(path, U"x"), U"");
+            EXPECT_FALSE(delete_key(path));
+        }
+        EXPECT_EQ(registry_text(key.path()), "[a]\n");
+    }
+}
+
+TEST(registry, a_text_ends_at_its_first_zero)
+{
+    const scratch_key key;
+    create_key(key.path());
+    EXPECT_TRUE(set_string_value(key.path(), U"x", text32(U"a\0b\0", 4)));
+    EXPECT_TRUE(set_string_value(key.path(), U"y", text32(U"\0b", 2)));
+    EXPECT_EQ(read_value(key.path(), U"x"), U"a");
+    EXPECT_EQ(read_values(key.path(), {U"x", U"y"}),
+              (std::map<text32, text32>{{U"x", U"a"}, {U"y", U""}}));
 }
 
 TEST(registry, values_are_read_up_to_1023_units)

@@ -47,13 +47,20 @@ struct path_entry_decision {
     misc::text32 path;
 };
 
+/// A registry key that the system refuses, while the run goes on without what was for it. Told at
+/// each access.
+struct refused_key_decision {
+    misc::text32 key;
+};
+
 /// The step that ended a run, told before the run is taken back.
 struct failure_decision {
     misc::path where;
     std::string reason; ///< one clause, UTF-8
 };
 
-using install_decision = std::variant<package_decision, fileset_decision, staging_decision,
-                                      shortcut_decision, path_entry_decision, failure_decision>;
+using install_decision =
+    std::variant<package_decision, fileset_decision, staging_decision, shortcut_decision,
+                 path_entry_decision, refused_key_decision, failure_decision>;
 
 } // namespace nrd::installation

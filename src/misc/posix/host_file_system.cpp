@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <boost/filesystem/operations.hpp>
+#include <cerrno>
 #include <dirent.h>
+#include <fcntl.h>
 #include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -225,6 +227,22 @@ error_code overwrite_refusal(const path& p)
     const bool read_only = stat(to_host(p).c_str(), &facts) == 0 && S_ISREG(facts.st_mode) &&
                            (facts.st_mode & S_IWUSR) == 0;
     return read_only ? make_error_code(boost::system::errc::permission_denied) : change_refusal(p);
+}
+
+error_code write_refusal(const path& p)
+{
+    // A drive's folder is made when something is put on the drive.
+    fs::path place = to_host(p);
+    for (error_code ec; place.has_parent_path() && !fs::exists(place, ec);) {
+        place = place.parent_path();
+    }
+    const bool may_write = faccessat(AT_FDCWD, place.c_str(), W_OK, AT_EACCESS) == 0;
+    return may_write ? error_code() : error_code(errno, boost::system::system_category());
+}
+
+error_code move_refusal(const path& p)
+{
+    return write_refusal(p.parent_path());
 }
 
 void make_removable(const path&)

@@ -2,6 +2,7 @@
 
 #include "misc/file_system.h"
 #include "misc/posix/machine.h"
+#include "misc/registry_data.h"
 #include "misc/text.h"
 
 #include <algorithm>
@@ -59,6 +60,11 @@ void add_with_parents(store& keys, const std::u16string& path)
         spelled = keys.try_emplace(name_key(spelled), stored_key{spelled, {}}).first->second.path;
         begin = end + 1;
     }
+}
+
+bool is_path(const std::u16string& subkey)
+{
+    return !subkey.starts_with(u'\\');
 }
 
 std::filesystem::path file_path()
@@ -192,6 +198,41 @@ std::uint32_t longest(const std::vector<std::u16string>& names)
     return static_cast<std::uint32_t>(length);
 }
 
+/// A text with its zero, as the system keeps it.
+void append_text(std::vector<std::uint8_t>& bytes, const nlohmann::json& text)
+{
+    for (const char16_t unit : to_utf16(std::string_view(text.get<std::string>())) + u'\0') {
+        bytes.push_back(static_cast<std::uint8_t>(unit & 0xFF));
+        bytes.push_back(static_cast<std::uint8_t>(unit >> 8));
+    }
+}
+
+/// "data" is a text, of a number the number, of a list its texts, and else bytes in hexadecimal.
+std::vector<std::uint8_t> bytes_of(std::uint32_t type, const nlohmann::json& data)
+{
+    std::vector<std::uint8_t> bytes;
+    if (data.is_array()) {
+        for (const nlohmann::json& text : data) {
+            append_text(bytes, text);
+        }
+        bytes.insert(bytes.end(), 2, 0);
+    } else if (data.is_number()) {
+        const auto number = data.get<std::uint64_t>();
+        const int size = type == registry_type("REG_QWORD") ? 8 : 4;
+        for (int i = 0; i < size; ++i) {
+            bytes.push_back(static_cast<std::uint8_t>(number >> 8 * i));
+        }
+        if (type == registry_type("REG_DWORD_BIG_ENDIAN")) {
+            std::reverse(bytes.begin(), bytes.end());
+        }
+    } else if (type == registry_type("REG_SZ") || type == registry_type("REG_EXPAND_SZ")) {
+        append_text(bytes, data);
+    } else {
+        bytes = from_hex(data.get<std::string>());
+    }
+    return bytes;
+}
+
 status pick(const std::vector<std::u16string>& names, std::uint32_t index, std::uint32_t capacity,
             std::u16string& out)
 {
@@ -214,6 +255,9 @@ void close_key::operator()(key_handle* handle) const
 
 status open_key(std::uint32_t root, const std::u16string& subkey, std::uint32_t, key& out)
 {
+    if (!is_path(subkey)) {
+        return bad_path;
+    }
     const std::u16string path = full_path(root, subkey);
     if (denied(path)) {
         return access_denied;
@@ -227,6 +271,9 @@ status open_key(std::uint32_t root, const std::u16string& subkey, std::uint32_t,
 
 status create_key(std::uint32_t root, const std::u16string& subkey, std::uint32_t access, key& out)
 {
+    if (!is_path(subkey)) {
+        return bad_path;
+    }
     const std::u16string path = full_path(root, subkey);
     if (denied(path)) {
         return access_denied;
@@ -279,7 +326,7 @@ status get_string(const key& k, const std::u16string& name, std::uint32_t capaci
     if (wide.size() >= capacity) {
         return more_data;
     }
-    out = wide;
+    out = wide.substr(0, wide.find(u'\0'));
     return success;
 }
 
@@ -291,6 +338,25 @@ status get_strings(const key& k, const std::vector<std::u16string>& names,
         if (const status result = get_string(k, names[i], UINT32_MAX, out[i]); result != success) {
             return result;
         }
+    }
+    return success;
+}
+
+status get_data(const key& k, const std::u16string& name, std::uint32_t& type,
+                std::vector<std::uint8_t>& out)
+{
+    const stored_key all = content(k);
+    const auto found = all.values.find(name_key(name));
+    if (found == all.values.end()) {
+        return not_found;
+    }
+    try {
+        const nlohmann::json& stored = found->second.data;
+        type = registry_type(stored.is_string() ? "REG_SZ" : stored.at("type").get<std::string>());
+        out = bytes_of(type, stored.is_string() ? stored : stored.at("data"));
+    } catch (const std::exception& error) {
+        throw std::invalid_argument(file_path().string() + ": " + to_utf8(k->path) + ": " +
+                                    error.what());
     }
     return success;
 }

@@ -1,5 +1,6 @@
 #include "misc/host_file_system.h"
 
+#include <boost/filesystem/operations.hpp>
 #include <memory>
 #include <windows.h>
 
@@ -10,6 +11,24 @@ namespace {
 struct free_local {
     void operator()(wchar_t* text) const { LocalFree(text); }
 };
+
+struct close_handle {
+    void operator()(void* handle) const { CloseHandle(handle); }
+};
+
+/// The error of opening what is there with these rights; everything is shared, so the opening
+/// itself stands in nobody's way.
+error_code open_refusal(const path& p, DWORD access, DWORD flags = 0)
+{
+    const HANDLE handle =
+        CreateFileW(p.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                    nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS | flags, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) {
+        return {static_cast<int>(GetLastError()), boost::system::system_category()};
+    }
+    const std::unique_ptr<void, close_handle> owner(handle);
+    return {};
+}
 
 } // namespace
 
@@ -46,6 +65,24 @@ error_code change_refusal(const path&)
 error_code overwrite_refusal(const path&)
 {
     return {};
+}
+
+error_code write_refusal(const path& p)
+{
+    // The rights have the same numbers for a folder, where they are those to add files and folders.
+    return open_refusal(p, FILE_WRITE_DATA | FILE_APPEND_DATA);
+}
+
+error_code move_refusal(const path& p)
+{
+    // A folder stays where it is while anything in it is open.
+    error_code ec = open_refusal(p, DELETE, FILE_FLAG_OPEN_REPARSE_POINT);
+    error_code walk_error;
+    for (boost::filesystem::recursive_directory_iterator entry(p, walk_error), end;
+         !ec && !walk_error && entry != end; entry.increment(walk_error)) {
+        ec = open_refusal(entry->path(), DELETE, FILE_FLAG_OPEN_REPARSE_POINT);
+    }
+    return ec;
 }
 
 void make_removable(const path& p)

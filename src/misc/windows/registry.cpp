@@ -1,5 +1,7 @@
 #include "misc/registry_platform.h"
 
+#include <algorithm>
+#include <vector>
 #include <windows.h>
 
 namespace nrd::misc::registry_platform {
@@ -30,12 +32,11 @@ status take(LSTATUS result, HKEY handle, key& out)
     return static_cast<status>(result);
 }
 
-/// The text of `bytes` bytes, up to its terminating zeros.
+/// The text in `bytes` bytes, up to the first zero: more than one writer forgets the length.
 std::u16string text_of(const wchar_t* begin, DWORD bytes)
 {
-    std::u16string text(begin, begin + bytes / sizeof(wchar_t));
-    text.erase(text.find_last_not_of(u'\0') + 1);
-    return text;
+    const wchar_t* const end = begin + bytes / sizeof(wchar_t);
+    return {begin, std::find(begin, end, L'\0')};
 }
 
 } // namespace
@@ -141,6 +142,24 @@ status get_strings(const key& k, const std::vector<std::u16string>& names,
             text_of(reinterpret_cast<const wchar_t*>(entry.ve_valueptr), entry.ve_valuelen));
     }
     return success;
+}
+
+status get_data(const key& k, const std::u16string& name, std::uint32_t& type,
+                std::vector<std::uint8_t>& out)
+{
+    DWORD kind = 0;
+    DWORD bytes = 0;
+    LSTATUS result = ERROR_MORE_DATA;
+    for (int attempt = 0; attempt < 3 && result == ERROR_MORE_DATA; ++attempt) {
+        out.resize(bytes);
+        // Without room it would tell the size as a success.
+        BYTE none = 0;
+        result = RegQueryValueExW(handle_of(k), wide(name), nullptr, &kind,
+                                  out.empty() ? &none : out.data(), &bytes);
+    }
+    out.resize(bytes);
+    type = kind;
+    return static_cast<status>(result);
 }
 
 status query_value(const key& k, const std::u16string& name)

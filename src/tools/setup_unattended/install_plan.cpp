@@ -4,6 +4,7 @@
 #include "inst/installation/installer_observer.h"
 #include "inst/installer/core/install.h"
 #include "misc/file_system.h"
+#include "misc/registry.h"
 
 #include <algorithm>
 #include <variant>
@@ -61,12 +62,16 @@ private:
     void add(const installation::path_entry_decision& each) { plan_.path_entries.push_back(each); }
     void add(const installation::failure_decision& each) { whole_.failures.push_back(each); }
 
-    /// The path index is written once for each entry.
-    void add_written_file(const misc::path& file)
+    void add(const installation::refused_key_decision& each)
     {
-        std::vector<misc::path>& all = plan_.written_files;
-        if (std::find(all.begin(), all.end(), file) == all.end()) {
-            all.push_back(file);
+        add_once(whole_.refused_keys, each.key);
+    }
+
+    /// For what comes several times: each access to a refused key, each entry of the path index.
+    template <class Item> static void add_once(std::vector<Item>& all, const Item& item)
+    {
+        if (std::find(all.begin(), all.end(), item) == all.end()) {
+            all.push_back(item);
         }
     }
 
@@ -81,7 +86,7 @@ private:
             whole_.bytes_needed += change.bytes;
             break;
         case change_kind::write_file:
-            add_written_file(change.target);
+            add_once(plan_.written_files, change.target);
             break;
         case change_kind::create_key:
         case change_kind::set_value:
@@ -102,6 +107,23 @@ private:
     std::size_t next_change_;
 };
 
+/// What nothing in the engine catches, but stands for a place on the machine, is a step that fails
+/// like any other.
+void run_engine(const installation::spec& s, plan_observer& observer,
+                std::vector<installation::failure_decision>& failures)
+{
+    try {
+        installer::core::install(s, observer);
+    } catch (const misc::filesystem_error& error) {
+        const std::string where = misc::error_path_text(error.path1());
+        failures.push_back(
+            {misc::to_path(std::string_view(where)), misc::error_message(error.code())});
+    } catch (const misc::registry_error& error) {
+        failures.push_back({misc::to_path(std::u32string_view(error.path())),
+                            "The registry key cannot be changed"});
+    }
+}
+
 } // namespace
 
 install_plan make_plan(const installation::specs& specs, const misc::planned_changes& changes)
@@ -116,7 +138,7 @@ install_plan make_plan(const installation::specs& specs, const misc::planned_cha
         part.already_installed = installation::is_installed(each);
         const misc::scoped_current_path folder(each.working_directory);
         plan_observer observer(part, plan, changes);
-        installer::core::install(each, observer);
+        run_engine(each, observer, plan.failures);
         observer.take_changes();
     }
     if (!plan.specs.empty()) {

@@ -45,6 +45,8 @@ struct install_plan {
     std::optional<std::uint64_t> bytes_free; ///< where the install folder lies
     /// Sources that are not there: an installation would stop at the first of them.
     std::vector<misc::path> missing_sources;
+    /// Registry keys that the system refuses; an installation goes on without what is for them.
+    std::vector<misc::text32> refused_keys;
     /// Steps that fail also when nothing is changed; what comes behind one is not in the plan.
     std::vector<installation::failure_decision> failures;
 };

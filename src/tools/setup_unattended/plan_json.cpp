@@ -46,12 +46,19 @@ json to_json(const planned_package& each)
             {"filesets", filesets}};
 }
 
+/// A plain text is a text; what else a value may hold comes with its type.
+json to_json(const misc::registry_data& data)
+{
+    const std::string text = to_utf8(data.text);
+    return data.is_plain_text() ? json(text) : json{{"type", data.type}, {"data", text}};
+}
+
 json registry_to_json(const misc::planned_change& each)
 {
     json entry = {{"change", words_of(each.kind)}, {"key", to_utf8(each.key)}};
     if (each.kind == misc::change_kind::set_value || each.kind == misc::change_kind::delete_value) {
         entry["name"] = to_utf8(each.name);
-        entry["before"] = each.before ? json(to_utf8(*each.before)) : json();
+        entry["before"] = each.before ? to_json(*each.before) : json();
         entry["data"] =
             each.kind == misc::change_kind::set_value ? json(to_utf8(each.data)) : json();
     }
@@ -104,8 +111,13 @@ json plan_to_json(const install_plan& plan)
     for (const installation::failure_decision& each : plan.failures) {
         failures.push_back({{"where", to_utf8(each.where)}, {"reason", each.reason}});
     }
+    json refused_keys = json::array();
+    for (const misc::text32& each : plan.refused_keys) {
+        refused_keys.push_back(to_utf8(each));
+    }
     return {{"blockers", plan.blockers},
             {"missing_sources", texts(plan.missing_sources)},
+            {"refused_keys", refused_keys},
             {"failures", failures},
             {"bytes_needed", plan.bytes_needed},
             {"bytes_free", plan.bytes_free ? json(*plan.bytes_free) : json()},

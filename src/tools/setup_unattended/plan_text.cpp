@@ -93,9 +93,23 @@ void print_folders(const spec_plan& plan, std::ostream& out)
     written.print(out, "Files written by the installer");
 }
 
-std::string data_text(const std::optional<misc::text32>& data)
+std::string in_quotes(const misc::text32& text)
 {
-    return data ? '"' + to_utf8(*data) + '"' : "(none)";
+    return '"' + to_utf8(text) + '"';
+}
+
+/// A text in quotation marks, anything else behind the name of its type, cut where it gets long.
+std::string data_text(const std::optional<misc::registry_data>& data)
+{
+    constexpr std::size_t most = 60;
+    if (!data) {
+        return "(none)";
+    }
+    if (data->is_plain_text()) {
+        return in_quotes(data->text);
+    }
+    return data->type + " " + to_utf8(std::u32string_view(data->text).substr(0, most)) +
+           (data->text.size() > most ? "..." : "");
 }
 
 void print_registry(const spec_plan& plan, std::ostream& out)
@@ -105,10 +119,10 @@ void print_registry(const spec_plan& plan, std::ostream& out)
         std::vector<std::string> row = {words_of(each.kind), to_utf8(each.key)};
         if (each.kind == change_kind::set_value || each.kind == change_kind::delete_value) {
             const bool sets = each.kind == change_kind::set_value;
-            row.push_back(data_text(each.name));
+            row.push_back(in_quotes(each.name));
             row.push_back(data_text(each.before));
             row.push_back("->");
-            row.push_back(data_text(sets ? std::optional(each.data) : std::nullopt));
+            row.push_back(sets ? in_quotes(each.data) : data_text(std::nullopt));
         }
         registry.add(row);
     }
@@ -164,6 +178,11 @@ void print_plan(const install_plan& plan, std::ostream& out)
         ends.add({"running program", each});
     }
     ends.print(out, "An installation would stop at");
+    table refused;
+    for (const misc::text32& each : plan.refused_keys) {
+        refused.add({"refused registry key", to_utf8(each)});
+    }
+    refused.print(out, "An installation would go on without");
     out << "\nBytes needed: " << plan.bytes_needed
         << ", bytes free: " << (plan.bytes_free ? std::to_string(*plan.bytes_free) : "unknown")
         << '\n';

@@ -4,6 +4,8 @@
 #include "tools/setup_unattended/progress.h"
 
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace nrd::tools {
 
@@ -23,14 +25,14 @@ public:
     }
     /// Where an older installation was put, if there was one.
     [[nodiscard]] const std::optional<misc::path>& backup_path() const { return backup_path_; }
-    /// Registry values that were refused and left out.
-    [[nodiscard]] std::size_t refused_keys() const { return refused_keys_; }
+    /// Registry keys that were refused, so that what was for them is missing; each once.
+    [[nodiscard]] const std::vector<std::string>& refused_keys() const { return refused_keys_; }
 
 private:
     progress& progress_;
     std::optional<installation::failure_decision> failure_;
     std::optional<misc::path> backup_path_;
-    std::size_t refused_keys_ = 0;
+    std::vector<std::string> refused_keys_; // UTF-8
 };
 
 } // namespace nrd::tools

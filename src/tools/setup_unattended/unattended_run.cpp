@@ -223,10 +223,9 @@ bool unattended_run::install_spec(const installation::spec& s, progress& shown)
     }
     shown.end();
     if (finished) {
-        if (observer.refused_keys() > 0) {
-            err_ << observer.refused_keys()
-                 << " accesses to the registry were refused, and what they were for is missing ("
-                 << log_text() << ").\n";
+        if (!observer.refused_keys().empty()) {
+            err_ << "These registry keys were refused, and what was for them is missing: "
+                 << join(observer.refused_keys()) << " (" << log_text() << ").\n";
         }
         return true;
     }

@@ -2,6 +2,7 @@
 
 #include "misc/file_system.h"
 #include "misc/known_folders.h"
+#include "misc/planned_changes.h"
 #include "misc/processes.h"
 #include "misc/registry.h"
 #include "misc/system_info.h"
@@ -12,6 +13,7 @@
 #include <boost/filesystem/operations.hpp>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <memory>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
@@ -88,12 +90,16 @@ TEST(machine, a_read_only_file_is_not_written_to_even_by_the_superuser)
     write_file(other, "new");
     test::make_read_only(fixed);
     error_code ec;
-    copy_file(other, fixed, ec);
-    EXPECT_EQ(ec, boost::system::errc::permission_denied);
-    rename(other, fixed, ec);
-    EXPECT_EQ(ec, boost::system::errc::permission_denied);
-    EXPECT_FALSE(open_for_writing(fixed).is_open());
-    EXPECT_FALSE(open_for_appending(fixed).is_open());
+    for (const bool only_planned : {true, false}) {
+        const auto plan = only_planned ? std::make_unique<planned_changes>() : nullptr;
+        copy_file(other, fixed, ec);
+        EXPECT_EQ(ec, boost::system::errc::permission_denied);
+        rename(other, fixed, ec);
+        EXPECT_EQ(ec, boost::system::errc::permission_denied);
+        EXPECT_FALSE(open_for_writing(fixed).is_open());
+        EXPECT_FALSE(open_for_appending(fixed).is_open());
+        EXPECT_TRUE(plan == nullptr || plan->list().empty());
+    }
     rename(fixed, from_text("C:\\moved"), ec);
     EXPECT_EQ(folder_text(from_text("C:\\")), "moved: old\nother: new\n");
 }
@@ -156,6 +162,32 @@ TEST(machine, symbolic_links_are_counted_copied_and_not_followed)
     EXPECT_EQ(symlink_status(from_text("C:\\copy")).type(), boost::filesystem::symlink_file);
     remove_all(from_text("C:\\copy"), ec);
     EXPECT_EQ(test::read_file(from_text("C:\\real\\file")), "x");
+}
+
+TEST(machine, a_value_of_any_type_is_told_for_people)
+{
+    const scratch_machine machine;
+    const std::filesystem::path file = machine.folder() / "registry.json";
+    std::ofstream(file) << R"({"HKEY_LOCAL_MACHINE\\A": {"text": "words",
+        "number": {"type": "REG_DWORD", "data": 4294967295},
+        "wide": {"type": "REG_QWORD", "data": 4294967296},
+        "swapped": {"type": "REG_DWORD_BIG_ENDIAN", "data": 5},
+        "binary": {"type": "REG_BINARY", "data": "00ff"},
+        "short": {"type": "REG_DWORD", "data": "01"},
+        "list": {"type": "REG_MULTI_SZ", "data": ["a", "\u00E9"]},
+        "other": {"type": "77", "data": "0a"}, "bad": {"type": "REG_BINARY", "data": "g"}}})";
+    std::string told;
+    for (const char32_t* const name :
+         {U"text", U"number", U"wide", U"swapped", U"binary", U"short", U"list", U"other"}) {
+        const auto data = read_data(U"A", name);
+        ASSERT_TRUE(data) << to_utf8(name);
+        told += data->type + " " + to_utf8(data->text) + "\n";
+    }
+    EXPECT_EQ(told, "REG_SZ words\nREG_DWORD 4294967295\nREG_QWORD 4294967296\n"
+                    "REG_DWORD_BIG_ENDIAN 5\nREG_BINARY 00ff\nREG_DWORD 01\n"
+                    "REG_MULTI_SZ \"a\", \"\u00E9\"\n77 0a\n");
+    EXPECT_EQ(read_data(U"A", U"absent"), std::nullopt);
+    EXPECT_THROW(read_data(U"A", U"bad"), std::invalid_argument);
 }
 
 TEST(machine, the_registry_file_is_kept_readable_and_a_broken_one_is_named)

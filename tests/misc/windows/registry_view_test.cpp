@@ -49,7 +49,19 @@ TEST(registry_view, only_strings_are_read_and_those_as_they_are_stored)
     set(L"list", REG_MULTI_SZ, list, sizeof(list));
     set(L"expandable", REG_EXPAND_SZ, L"%PATH%", 14);
     set(L"unterminated", REG_SZ, L"abc", 6);
+    set(L"nothing", REG_NONE, nullptr, 0);
     RegCloseKey(raw);
+    const auto told = [&key](const char32_t* name) {
+        const auto data = read_data(key.path(), name);
+        return data ? data->type + " " + to_utf8(data->text) : "(none)";
+    };
+    EXPECT_EQ(told(U"number"), "REG_DWORD 4259906");
+    EXPECT_EQ(told(U"binary"), "REG_BINARY 42004100");
+    EXPECT_EQ(told(U"list"), "REG_MULTI_SZ \"a\", \"b\"");
+    EXPECT_EQ(told(U"expandable"), "REG_EXPAND_SZ %PATH%");
+    EXPECT_EQ(told(U"unterminated"), "REG_SZ abc");
+    EXPECT_EQ(told(U"nothing"), "REG_NONE ");
+    EXPECT_EQ(told(U"absent"), "(none)");
     for (const char32_t* const name : {U"number", U"binary", U"list"}) {
         EXPECT_TRUE(value_exists(key.path(), name));
         EXPECT_EQ(read_value(key.path(), name), U"");

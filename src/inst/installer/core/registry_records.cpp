@@ -24,6 +24,7 @@ void ask(installer_observer& observer, const char* event, std::int32_t error_cod
                                            "The registry key cannot be written"});
         throw install_error(error_code);
     }
+    observer.decided(installation::refused_key_decision{error.path()});
 }
 
 void ask_if_denied(installer_observer& observer, const registry_error& error)

@@ -3,6 +3,9 @@
 #include "misc/file_system.h"
 #include "misc/planned_changes.h"
 #include "misc/registry.h"
+#include "support/denied_key.h"
+#include "support/file_content.h"
+#include "support/locked_path.h"
 
 #include <set>
 
@@ -111,6 +114,54 @@ TEST_F(planned_install, holds_where_filesets_build_on_each_other)
                              "<fileset in='single.txt' out='${APP_INSTALL_PATH}extra/x'"
                              " create_folders='false'/></filesets></package>");
     expect_plan_to_hold();
+}
+
+TEST_F(planned_install, stops_where_the_real_one_does)
+{
+    add_product();
+    const misc::path in_use = app_ / "a.txt";
+    const misc::path in_the_way = app_ / "extra";
+    const auto stops_at = [this](const misc::path& where) {
+        const auto before = machine();
+        {
+            const misc::planned_changes changes;
+            EXPECT_FALSE(run());
+        }
+        EXPECT_EQ(machine(), before);
+        ASSERT_TRUE(observer_.failure());
+        const installation::failure_decision planned = *observer_.failure();
+        EXPECT_FALSE(run());
+        EXPECT_EQ(to_utf8(planned.where), to_utf8(where));
+        EXPECT_EQ(to_utf8(observer_.failure()->where), to_utf8(where));
+        EXPECT_FALSE(planned.reason.empty());
+    };
+    test::write_file(in_use, "old");
+    {
+        const test::locked_path locked(in_use);
+        stops_at(in_use);
+    }
+    test::write_file(in_the_way, "a file where a folder has to be");
+    stops_at(in_the_way);
+}
+
+TEST_F(planned_install, goes_on_without_a_refused_key_as_the_real_one_does)
+{
+    add_product();
+    misc::create_key(key_ / U"Settings");
+    const test::denied_key denied(key_ / U"Settings");
+    std::size_t changed_values = 0;
+    {
+        const misc::planned_changes changes;
+        EXPECT_TRUE(run());
+        for (const misc::planned_change& each : changes.list()) {
+            changed_values += each.kind == change_kind::set_value ? 1 : 0;
+            EXPECT_EQ(each.key.find(key_.path()), each.key.npos);
+        }
+    }
+    const std::string events = observer_.events();
+    EXPECT_TRUE(run());
+    EXPECT_EQ(observer_.events(), events + events);
+    EXPECT_EQ(changed_values, misc::value_names(misc::uninstall_key(name_)).size());
 }
 
 } // namespace
