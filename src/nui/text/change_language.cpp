@@ -1,0 +1,22 @@
+#include "nui/engine/engine.h"
+
+namespace nui {
+
+bool Engine::changeLanguageAndFont(const char* selectedLang, bool /*detectInputLang*/,
+                                   const std::function<void(const std::string&)>& log)
+{
+    log("entering changeLanguageAndFont");
+    if (selectedLang == nullptr) {
+        log("leaving changeLanguageAndFont; no input lang provided and not detecting lang");
+        return false;
+    }
+    if (language->languageUnicode == selectedLang) {
+        log("leaving changeLanguageAndFont unchanged");
+        return false;
+    }
+    language->languageUnicode = selectedLang;
+    log("engine language unicode set to: " + language->languageUnicode);
+    return true;
+}
+
+} // namespace nui
