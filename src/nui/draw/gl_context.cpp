@@ -30,6 +30,8 @@ void createSharedContext(SDL_Window* window)
         SDL_Log("Unable to create a GL context: %s", SDL_GetError());
         return;
     }
+    // Some systems end all contexts with the last window, unless the library is held as well.
+    SDL_GL_LoadLibrary(nullptr);
     // Belongs to the context, so it cannot be asked for along with the attributes.
     SDL_GL_SetSwapInterval(1);
 }
@@ -139,8 +141,10 @@ void swap()
 void closeGl()
 {
     closeHiddenWindow();
-    if (state().sharedContext != nullptr)
+    if (state().sharedContext != nullptr) {
         SDL_GL_DeleteContext(state().sharedContext);
+        SDL_GL_UnloadLibrary();
+    }
     state() = {};
 }
 

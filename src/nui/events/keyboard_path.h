@@ -23,6 +23,8 @@ public:
     void handleKey(const SDL_KeyboardEvent& key);
     void handleText(const SDL_TextInputEvent& input);
     void handleComposition(const SDL_TextEditingEvent& editing);
+    /// For text that is longer than an event of SDL's can be.
+    void dispatchText(std::uint32_t windowId, TextEvent& event);
 
     /// Gives the focus within the current screen; null takes it away. Only while the current
     /// screen has the keyboard.
@@ -37,7 +39,6 @@ private:
     /// The screen of the window if it may have input; it becomes the current one.
     [[nodiscard]] std::shared_ptr<Screen> enabledScreen(std::uint32_t windowId);
     [[nodiscard]] WidgetPtr target(const std::shared_ptr<Screen>& screen) const;
-    void dispatchText(std::uint32_t windowId, TextEvent& event);
     void activateShortcut(const SDL_KeyboardEvent& key);
 
     Engine& engine_;
