@@ -308,7 +308,7 @@ TEST_F(tween_change_test, a_callback_may_run_the_loop)
 {
     // The inner pass moves the others, and not the one whose start it is told of.
     const auto runLoop = [](CTween&) { scene->manager.update(0.25F); };
-    EXPECT_EQ(valuesAfterStep(runLoop), "8 8 4 0 of 3");
+    EXPECT_EQ(valuesAfterStep(runLoop), "8 4 4 0 of 3");
 }
 
 } // namespace

@@ -12,7 +12,7 @@ namespace nui {
 
 namespace {
 
-// Shift, Ctrl and the Command keys; Alt and the locks don't matter.
+// Shift, Ctrl, Alt and the Command keys; the locks don't matter.
 constexpr std::uint16_t ModifierMask = 0xFC3;
 constexpr std::uint16_t LeftShift = 1;
 constexpr std::uint16_t RightShift = 2;

@@ -1,0 +1,141 @@
+#include "support/nui/running_toolkit.h"
+
+#include "nui/engine/engine.h"
+
+#include <SDL.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace nui::test {
+
+RunningToolkit::RunningToolkit()
+{
+    SDL_Init(SDL_INIT_VIDEO | SDL_INIT_EVENTS);
+    Engine::start("");
+    engine().setClock(FrameClock::now);
+}
+
+RunningToolkit::~RunningToolkit()
+{
+    target.reset();
+    layouts_.clear();
+    Engine::close();
+    SDL_Quit();
+}
+
+std::shared_ptr<Screen> RunningToolkit::open(std::string layoutJson, Widget* parent)
+{
+    std::replace(layoutJson.begin(), layoutJson.end(), '\'', '"');
+    layouts_.push_back(std::make_unique<LayoutText>(layoutJson));
+    auto screen = std::dynamic_pointer_cast<Screen>(layouts_.back()->find("screen"));
+    if (!screen) {
+        ADD_FAILURE() << "no screen in " << layoutJson;
+        return nullptr;
+    }
+    screen->parent = parent;
+    screen->openWindow();
+    engine().addScreen(screen);
+    target = screen;
+    frame();
+    // What opening a window has put into the queue is not what a test is about.
+    turn();
+    engine().keyboard.focusScreen = screen;
+    engine().screens.makeCurrent(screen);
+    return screen;
+}
+
+void RunningToolkit::turn()
+{
+    engine().step();
+}
+
+void RunningToolkit::frame()
+{
+    clock.advance(100);
+    if (engine().step())
+        engine().draw(true);
+}
+
+void RunningToolkit::move(int x, int y)
+{
+    x_ = x;
+    y_ = y;
+    SDL_Event event = {};
+    event.motion.type = SDL_MOUSEMOTION;
+    event.motion.windowID = target->windowId();
+    event.motion.x = x;
+    event.motion.y = y;
+    SDL_PushEvent(&event);
+    turn();
+}
+
+void RunningToolkit::press(std::uint8_t button)
+{
+    SDL_Event event = {};
+    event.button.type = SDL_MOUSEBUTTONDOWN;
+    event.button.windowID = target->windowId();
+    event.button.button = button;
+    event.button.clicks = 1;
+    event.button.x = x_;
+    event.button.y = y_;
+    SDL_PushEvent(&event);
+    turn();
+}
+
+void RunningToolkit::release(std::uint8_t button, std::uint8_t clicks)
+{
+    SDL_Event event = {};
+    event.button.type = SDL_MOUSEBUTTONUP;
+    event.button.windowID = target->windowId();
+    event.button.button = button;
+    event.button.clicks = clicks;
+    event.button.x = x_;
+    event.button.y = y_;
+    SDL_PushEvent(&event);
+    turn();
+}
+
+void RunningToolkit::wheel(int notches)
+{
+    SDL_Event event = {};
+    event.wheel.type = SDL_MOUSEWHEEL;
+    event.wheel.windowID = target->windowId();
+    event.wheel.y = notches;
+    SDL_PushEvent(&event);
+    turn();
+}
+
+void RunningToolkit::key(std::int32_t keycode, std::uint16_t modifiers, bool down, bool repeat)
+{
+    SDL_Event event = {};
+    event.key.type = down ? SDL_KEYDOWN : SDL_KEYUP;
+    event.key.windowID = target->windowId();
+    event.key.keysym.sym = keycode;
+    event.key.keysym.mod = modifiers;
+    event.key.repeat = repeat ? 1 : 0;
+    SDL_PushEvent(&event);
+    turn();
+}
+
+void RunningToolkit::type(const std::string& text)
+{
+    SDL_Event event = {};
+    event.text.type = SDL_TEXTINPUT;
+    event.text.windowID = target->windowId();
+    text.copy(event.text.text, sizeof event.text.text - 1);
+    SDL_PushEvent(&event);
+    turn();
+}
+
+void RunningToolkit::windowEvent(std::uint8_t subEvent, const Screen& screen)
+{
+    SDL_Event event = {};
+    event.window.type = SDL_WINDOWEVENT;
+    event.window.windowID = screen.windowId();
+    event.window.event = subEvent;
+    SDL_PushEvent(&event);
+    turn();
+}
+
+} // namespace nui::test
