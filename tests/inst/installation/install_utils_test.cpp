@@ -48,12 +48,6 @@ TEST_F(installed_program, is_installed_if_the_system_lists_it_whatever_the_key_h
     EXPECT_THROW(is_installed(s_), misc::registry_error);
 }
 
-TEST_F(installed_program, has_a_name)
-{
-    s_.vars.clear();
-    EXPECT_THROW(is_installed(s_), std::invalid_argument);
-}
-
 TEST(count_files, counts_what_packages_for_the_system_bring_unexpanded)
 {
     const test::temp_folder folder;

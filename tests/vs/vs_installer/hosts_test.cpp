@@ -163,17 +163,6 @@ TEST_F(hosts, one_illustrator_on_two_routes_is_found_twice)
               "13 | Adobe Illustrator 13 | T:\\Adobe\\Adobe Illustrator 13 | 64\n");
 }
 
-TEST_F(hosts, nothing_found_is_no_failure)
-{
-    const test::log_capture log;
-    EXPECT_EQ(text_of(find_corel_hosts()), "");
-    EXPECT_EQ(text_of(find_adobe_hosts(true)), "");
-    const std::string corel = "Finding Corel versions.\nFound Corel installations:\n";
-    EXPECT_EQ(log.text(), corel + corel +
-                              "Finding Adobe versions.\nFound possible Adobe installations:\n"
-                              "Accepted Adobe installations:\nAdobe not found.\n");
-}
-
 TEST_F(hosts, a_file_that_is_no_program_throws)
 {
     const auto thrown = [](const misc::path& path) -> std::string {

@@ -263,8 +263,6 @@ TEST_F(locations, any_other_product_gets_no_more_than_the_folder_of_programs)
 
 TEST_F(locations, a_spec_that_is_not_of_this_form_throws)
 {
-    spec nothing;
-    EXPECT_THROW(configure_install_locations(nothing), std::invalid_argument);
     spec without_packages = product_spec();
     without_packages.packages.resize(os64_ ? 3 : 1);
     EXPECT_THROW(configure_install_locations(without_packages), std::out_of_range);
@@ -273,10 +271,6 @@ TEST_F(locations, a_spec_that_is_not_of_this_form_throws)
         without_filesets.packages[3].filesets.clear();
         EXPECT_THROW(configure_install_locations(without_filesets), std::out_of_range);
     }
-    listed("1", "Adobe Illustrator 2023", folder_ / "AI");
-    test::write_file(folder_ / "AI\\Support Files\\Contents\\Windows\\Illustrator.exe", "text");
-    spec with_bad_host = product_spec();
-    EXPECT_THROW(configure_install_locations(with_bad_host), std::invalid_argument);
 }
 
 TEST_F(locations, the_shared_folder_has_to_be_made)

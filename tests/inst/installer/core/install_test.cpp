@@ -72,23 +72,6 @@ TEST_F(install, over_an_older_installation_leaves_nothing_of_it)
     expect_installed();
 }
 
-TEST_F(install, works_where_the_system_lists_a_program_that_is_gone_from_the_disk)
-{
-    add_product();
-    misc::create_key(misc::uninstall_key(name_));
-    EXPECT_TRUE(run());
-    expect_installed();
-}
-
-TEST_F(install, goes_on_without_a_missing_source_if_the_observer_says_so)
-{
-    add_product();
-    add_fileset("gone/x", "${APP_INSTALL_PATH}x");
-    EXPECT_TRUE(run());
-    expect_installed();
-    EXPECT_TRUE(observer_.events().ends_with("in_file_does_not_exist: gone\\x\n"));
-}
-
 TEST_F(install, makes_shortcuts_for_this_system_and_has_them_removed_again)
 {
     add_vars();
