@@ -124,7 +124,7 @@ TEST_F(engine_test, a_modal_window_blocks_its_parent_and_gives_it_back)
     engine().closeScreen(modal);
     EXPECT_TRUE(parent->window->enabled);
     EXPECT_EQ(engine().keyboard.focusScreen, parent);
-    EXPECT_EQ(engine().screens.main(), parent);
+    EXPECT_EQ(engine().screens.mainScreen(), parent);
 }
 
 TEST_F(engine_test, closing_a_screen_lets_go_of_all_that_lies_in_it)

@@ -79,7 +79,7 @@ void Engine::close()
         return;
     // While there still is an engine for the widgets to ask.
     while (!theEngine()->screens.empty())
-        theEngine()->screens.close(theEngine()->screens.main());
+        theEngine()->screens.close(theEngine()->screens.mainScreen());
     closeGl();
     delete std::exchange(theEngine(), nullptr);
 }

@@ -69,7 +69,7 @@ ScreenPtr ScreenTable::find(std::uint32_t windowId) const
     return found == screens_.end() ? nullptr : found->second;
 }
 
-ScreenPtr ScreenTable::main() const
+ScreenPtr ScreenTable::mainScreen() const
 {
     return screens_.empty() ? nullptr : screens_.begin()->second;
 }

@@ -30,7 +30,7 @@ public:
 
     [[nodiscard]] ScreenPtr find(std::uint32_t windowId) const;
     /// The lowest window id's, or null.
-    [[nodiscard]] ScreenPtr main() const;
+    [[nodiscard]] ScreenPtr mainScreen() const;
     [[nodiscard]] const ScreenPtr& current() const { return current_; }
     /// Makes it the one that GL draws into, unless it is.
     void makeCurrent(const ScreenPtr& screen);
