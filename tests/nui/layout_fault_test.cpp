@@ -78,14 +78,13 @@ TEST_F(layout_fault_test, values_of_the_wrong_type_are_told)
               "main.json:1:42: \"templates\" must be a list\n"
               "main.json:2:42: \"id\" must be a text\n"
               "main.json:2:54: \"width\" must be a number or a text\n"
-              "main.json:3:51: \"alpha\" must be a number\n"
+              "main.json:3:50: \"alpha\" must be a number\n"
               "main.json:4:40: \"border\" must be an object\n"
               "main.json:4:13: \"children\" must be a list\n"
               "main.json:4:27: \"layout\" must be a text\n"
               "main.json:3:21: \"left\" must be a number or a text\n"
               "main.json:3:34: \"form\" must be true or false\n"
-              "main.json:4:53: \"class\" must be a text\n"
-              "main.json:4:44: a widget needs the key \"class\" or the key \"template\"\n");
+              "main.json:4:54: \"class\" must be a text\n");
 }
 
 TEST_F(layout_fault_test, keys_that_nobody_reads_are_told_at_the_end)

@@ -82,10 +82,14 @@ void NuiFileReader::reportFault(LayoutFault::Kind kind, const std::string& detai
         return;
     if (kind == Fault::UnknownClass || kind == Fault::NoClass)
         diagnostics_->dropObject(*value_);
+    // In place of an object a text names a widget; and a key whose value is of no use has been
+    // told.
     if (kind == Fault::NoClass && value_->IsString()) {
         diagnostics_->report(Fault::MissingWidget, *value_, {}, textOf(*value_));
         return;
     }
+    if (kind == Fault::NoClass && (has("class") || has("template")))
+        return;
     const Json* const at = key == nullptr ? nullptr : find(key);
     diagnostics_->report(kind, at == nullptr ? *value_ : *at,
                          key == nullptr ? std::string() : prefix() + key, detail);
