@@ -248,7 +248,7 @@ TEST_F(layout_test, scrolling_reaches_the_end_of_the_contents_and_stays_in_range
     root->makeVisible(*root->children()[0]);
     EXPECT_EQ(root->scrollY, 0);
     root->makeVisible(*root->children()[1]);
-    EXPECT_EQ(root->scrollY, -25);
+    EXPECT_EQ(root->scrollY, -20);
 
     root->findByName("b")->heightValue = 40;
     nui::test::layOut(*root);

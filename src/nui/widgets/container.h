@@ -125,6 +125,7 @@ private:
     void dragScroll(const TouchEvent& event);
     void wheelScroll(const TouchEvent& event);
     bool setScroll(float& scroll, float value, float least, float most, bool notify);
+    [[nodiscard]] float scrollToShow(Axis axis, float start, float length) const;
 
     std::vector<WidgetPtr> children_;
     bool dragging_ = false;

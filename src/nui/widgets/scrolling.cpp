@@ -135,24 +135,33 @@ bool Container::setScrollY(float value, bool notify)
 
 void Container::makeVisible(const Widget& child)
 {
-    makeVisible(Axis::Y, child.localY, child.height);
-    makeVisible(Axis::X, child.localX, child.width);
+    const bool movedY = setScrollY(scrollToShow(Axis::Y, child.localY, child.height), false);
+    const bool movedX = setScrollX(scrollToShow(Axis::X, child.localX, child.width), false);
+    if (movedX || movedY)
+        send(*this, plain_event::ScrollChanged);
 }
 
 void Container::makeVisible(Axis axis, float start, float length)
 {
-    const float scroll = axis == Axis::X ? scrollX : scrollY;
-    const float top = local(axis) + padding.start(axis, extent(axis));
-    const float bottom = local(axis) + extent(axis) - padding.end(axis, extent(axis));
-    float wanted = scroll;
-    if (start + scroll < top)
-        wanted = top - start;
-    else if (start + length + scroll > bottom)
-        wanted = bottom - start - length;
+    const float scroll = scrollToShow(axis, start, length);
     if (axis == Axis::X)
-        setScrollX(wanted, true);
+        setScrollX(scroll, true);
     else
-        setScrollY(wanted, true);
+        setScrollY(scroll, true);
+}
+
+/// The scroll at which the span can be seen: what sticks out at the start is aligned there, what
+/// sticks out at the end there.
+float Container::scrollToShow(Axis axis, float start, float length) const
+{
+    const float scroll = axis == Axis::X ? scrollX : scrollY;
+    const float first = axis == Axis::X ? localX : localY;
+    const float last = first + (axis == Axis::X ? width : height);
+    if (start + scroll < first)
+        return first - start;
+    if (start + length + scroll > last)
+        return last - start - length;
+    return scroll;
 }
 
 } // namespace nui
