@@ -8,11 +8,13 @@ const char* __ubsan_default_options()
     return "print_stacktrace=1";
 }
 
-// System libraries keep what they allocate once. That cannot hide a leak of ours: what matches is
-// the place of the allocation, and it is theirs.
+// System libraries keep what they allocate once, and the software renderer a megabyte of each
+// context. That cannot hide a leak of ours: what matches is the place of the allocation, and it
+// is theirs.
 const char* __lsan_default_suppressions()
 {
-    return "leak:libdbus-1.so\n";
+    return "leak:libdbus-1.so\n"
+           "leak:swrast_dri.so\n";
 }
 
 const char* __lsan_default_options()

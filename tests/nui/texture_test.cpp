@@ -7,6 +7,7 @@
 #include "support/nui/pixel_at.h"
 
 #include <GL/glew.h>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -76,7 +77,7 @@ TEST_F(texture_test, a_picture_keeps_its_colours_and_shrinks_without_mipmaps)
     nui::texturedQuad(load("two"), 0, 0, 2, 1, whole);
     EXPECT_EQ(nui::test::pixelRows(0, 0, 3, 1, "ff0000=r 00ff00=g 000000=."), "rg.\n");
     nui::texturedQuad(load("two"), 4, 0, 1, 1, whole);
-    EXPECT_EQ(nui::test::pixelAt(4, 0), "7f7f00") << "both of them, mixed";
+    EXPECT_THAT(nui::test::pixelAt(4, 0), testing::AnyOf("7f7f00", "808000")) << "both, mixed";
 }
 
 } // namespace

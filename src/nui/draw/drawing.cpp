@@ -81,6 +81,15 @@ private:
     std::size_t count_ = 0;
 };
 
+/// For lines along the grid of pixels: with multisampling their ends would be smeared, or corners
+/// left open, by each driver in its own way.
+void drawCrisp(const Primitive& primitive)
+{
+    glDisable(GL_MULTISAMPLE);
+    primitive.draw(GL_LINE_STRIP);
+    glEnable(GL_MULTISAMPLE);
+}
+
 void applyClip()
 {
     const Rect& clip = state().clip;
@@ -139,7 +148,10 @@ void line(float x0, float y0, float x1, float y1)
     Primitive primitive;
     primitive.add(x0, y0);
     primitive.add(x1, y1);
-    primitive.draw(GL_LINE_STRIP);
+    if (x0 == x1 || y0 == y1)
+        drawCrisp(primitive);
+    else
+        primitive.draw(GL_LINE_STRIP);
 }
 
 void rectOutline(float x, float y, float width, float height)
@@ -147,7 +159,7 @@ void rectOutline(float x, float y, float width, float height)
     Primitive primitive;
     primitive.addCorners(x, y, width, height);
     primitive.add(x, y);
-    primitive.draw(GL_LINE_STRIP);
+    drawCrisp(primitive);
 }
 
 void fillRect(float x, float y, float width, float height)

@@ -28,6 +28,7 @@ void setColorRGB(unsigned char red, unsigned char green, unsigned char blue);
 [[nodiscard]] Color getColor();
 void setLineWidth(float width);
 
+/// Across or down through the centres of pixels it is crisp, and leaves its last pixel out.
 void line(float x0, float y0, float x1, float y1);
 void rectOutline(float x, float y, float width, float height);
 void fillRect(float x, float y, float width, float height);
