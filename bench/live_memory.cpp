@@ -14,6 +14,7 @@ constexpr std::size_t header = alignof(std::max_align_t);
 std::size_t live = 0;
 std::size_t start = 0;
 std::size_t peak = 0;
+std::size_t allocations = 0;
 
 } // namespace
 
@@ -25,6 +26,7 @@ void* operator new(std::size_t size)
     }
     *static_cast<std::size_t*>(block) = size;
     live += size;
+    ++allocations;
     peak = std::max(peak, live);
     return static_cast<char*>(block) + header;
 }
@@ -54,6 +56,11 @@ void reset_peak_memory()
 std::size_t peak_memory()
 {
     return peak - start;
+}
+
+std::size_t allocation_count()
+{
+    return allocations;
 }
 
 } // namespace bench

@@ -25,6 +25,7 @@ struct DrawingState {
     Color color = OpaqueBlack;
     float lineWidth = 0.8F;
     Rect clip{0, 0, NoClip, 0};
+    std::uint64_t primitives = 0;
 };
 
 DrawingState& state()
@@ -60,6 +61,7 @@ public:
     }
     void draw(GLenum mode, const TexturePoint* texCoords = nullptr) const
     {
+        ++state().primitives;
         const Color color = state().color;
         glDisableClientState(GL_COLOR_ARRAY);
         glDisableClientState(GL_TEXTURE_COORD_ARRAY);
@@ -109,6 +111,11 @@ VertexTables& vertexTables()
 {
     static VertexTables tables;
     return tables;
+}
+
+std::uint64_t drawnPrimitives()
+{
+    return state().primitives;
 }
 
 void prepareDrawing()

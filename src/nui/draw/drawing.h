@@ -4,6 +4,7 @@
 #include "nui/draw/geometry.h"
 
 #include <cstddef>
+#include <cstdint>
 
 // Drawing in window pixels, y down, through fixed-function OpenGL. Current colour, line width and
 // clip are state of the layer. Everything needs a current GL context and the loop's thread, and
@@ -52,6 +53,9 @@ void intersectClip(Rect clip);
 [[nodiscard]] Rect getClip();
 /// After code that draws by itself.
 void restoreScissor();
+
+/// How many primitives were drawn since the program began; for measurements.
+[[nodiscard]] std::uint64_t drawnPrimitives();
 
 /// Fills the tables; once, before anything is drawn.
 void prepareDrawing();

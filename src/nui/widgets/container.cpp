@@ -155,7 +155,9 @@ void Container::readChildren(NuiReader& reader)
         const WidgetPtr child = reader.loader().build(*item, nullptr);
         if (!child)
             continue;
-        add(child);
+        // Just built, so it is in no list yet and none has to be searched.
+        child->parent = this;
+        children_.push_back(child);
         if (!child->id.empty())
             reader.pack().widgets[child->id] = child;
         reader.pack().widgets["-"] = child;
