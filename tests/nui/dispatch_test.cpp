@@ -25,7 +25,8 @@ void note(WidgetEvent& event)
 {
     const Note& own = *static_cast<Note*>(event.user);
     *own.log += own.text + std::to_string(static_cast<int>(event.phase)) + " ";
-    event.stop(own.level);
+    if (own.level != nui::stop_level::None)
+        event.stop(own.level);
 }
 
 class dispatch_test : public testing::Test {
@@ -110,6 +111,39 @@ TEST_F(dispatch_test, a_listener_may_change_the_list_that_is_being_called)
     subscribe(*child, Tag, note, &outer);
     nui::send(*child, Tag);
     EXPECT_EQ(log, "first1 second1 outer1 added1 ");
+}
+
+void removeAllButLast(WidgetEvent& event)
+{
+    note(event);
+    unsubscribe(*event.target, Tag, removeItself);
+    unsubscribe(*event.target, Tag, removeAllButLast);
+}
+
+TEST_F(dispatch_test, removing_several_entries_skips_none_of_the_others)
+{
+    subscribe(*child, Tag, removeItself, &first);
+    subscribe(*child, Tag, removeItself, &second);
+    subscribe(*child, Tag, removeAllButLast, &outer);
+    subscribe(*child, Tag, note, &outermost);
+    nui::send(*child, Tag);
+    nui::send(*child, Tag);
+    EXPECT_EQ(log, "first1 outer1 outermost1 outermost1 ");
+}
+
+void leaveTheTree(WidgetEvent& event)
+{
+    note(event);
+    event.target->parent = nullptr;
+}
+
+TEST_F(dispatch_test, a_widget_that_leaves_the_tree_ends_the_bubbling)
+{
+    subscribe(*child, Tag, leaveTheTree, &first);
+    subscribe(*parent, Tag, note, &outer);
+    WidgetEvent event(Tag);
+    bubble(*child, event);
+    EXPECT_EQ(log, "first1 ");
 }
 
 TEST_F(dispatch_test, a_clone_serves_itself_with_listeners_of_its_own)

@@ -79,7 +79,7 @@ TEST_F(form_test, return_activates_the_default_item_but_not_by_itself)
 {
     nui::test::EventLog log;
     log.listen(*find("d"));
-    form->form->defaultItem = find("d").get();
+    form->form->setDefaultItem(find("d"));
     toolkit.key(SDLK_RETURN);
     toolkit.key(SDLK_KP_ENTER);
     EXPECT_EQ(log.take(), "0 d 1\n0 d 1\n");
@@ -108,6 +108,18 @@ TEST_F(form_test, a_clone_has_a_tab_order_of_its_own)
     engine().setFocus(copy->findByName("d")->shared_from_this());
     toolkit.key(SDLK_TAB);
     EXPECT_EQ(screen->focusedWidget.get(), copy->findByName("a"));
+}
+
+TEST_F(form_test, a_form_within_the_form_takes_its_items_over)
+{
+    dynamic_cast<nui::Container&>(*find("group")).buildForm();
+    focus("b");
+    EXPECT_EQ(after(SDLK_TAB), "c");
+    EXPECT_EQ(after(SDLK_TAB), "b");
+    for (const char* const name : {"b", "c"})
+        find(name)->setEnabled(false);
+    focus("a");
+    EXPECT_EQ(after(SDLK_TAB), "a");
 }
 
 TEST_F(form_test, items_outlive_their_form)

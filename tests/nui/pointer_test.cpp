@@ -281,6 +281,55 @@ TEST_F(pointer_test, a_popup_closes_by_a_press_beside_it)
     EXPECT_EQ(screen->findByName("popup"), nullptr);
 }
 
+TEST_F(pointer_test, a_listener_may_close_the_screen_that_it_is_on)
+{
+    nui::Widget& left = *screen->findByName("left");
+    log.listenAndCapture(left);
+    subscribe(
+        left, nui::touch::Press,
+        [](nui::WidgetEvent& event) {
+            engine().closeScreen(engine().screens.find(event.target->screen()->windowId()));
+        },
+        nullptr);
+    toolkit.move(10, 10);
+    toolkit.press();
+    EXPECT_EQ(engine().pointer.pressed(), nullptr);
+    EXPECT_EQ(engine().pointer.captured(), nullptr);
+    EXPECT_EQ(engine().pointer.hover(), nullptr);
+}
+
+TEST_F(pointer_test, a_listener_may_take_its_widget_off_while_the_pointer_leaves_it)
+{
+    nui::Widget& left = *screen->findByName("left");
+    subscribe(
+        left, nui::touch::Leave,
+        [](nui::WidgetEvent& event) {
+            dynamic_cast<nui::Container&>(*event.target->parent).remove(event.target);
+        },
+        nullptr);
+    toolkit.move(10, 10);
+    toolkit.move(110, 60);
+    EXPECT_EQ(engine().pointer.hover().get(), screen->findByName("below"));
+    EXPECT_EQ(screen->findByName("left"), nullptr);
+}
+
+TEST_F(pointer_test, a_tool_tip_follows_to_the_window_that_it_is_for)
+{
+    toolkit.move(10, 60);
+    toolkit.clock.advance(1000);
+    toolkit.turn();
+    EXPECT_EQ(engine().toolTips.widget()->screen(), screen.get());
+    const auto other = toolkit.open(R"({'widgets': [{'class': 'Screen', 'id': 'screen',
+        'windowWidth': 50, 'windowHeight': 50, 'borderless': true, 'children': [
+            {'class': 'Widget', 'name': 'spot', 'toolTip': 'about spot'}]}]})");
+    toolkit.move(10, 10);
+    toolkit.clock.advance(1000);
+    toolkit.turn();
+    EXPECT_EQ(engine().toolTips.widget()->screen(), other.get());
+    engine().closeScreen(other);
+    EXPECT_EQ(engine().toolTips.widget()->parent, nullptr);
+}
+
 TEST_F(pointer_test, a_spy_is_offered_what_hit_testing_passes)
 {
     nui::ListenerList spy(nullptr);

@@ -21,11 +21,13 @@ constexpr Color withAlpha(Color color, std::uint32_t alpha)
     return (color & ~AlphaMask) | (alpha << 24U);
 }
 
-/// The alpha byte times the factor, truncated.
+/// The alpha byte times the factor, truncated; animations may swing beyond both ends.
 constexpr Color fadedBy(Color color, float factor)
 {
-    return withAlpha(
-        color, static_cast<std::uint32_t>(static_cast<float>(alphaOf(color)) * factor) & 0xFFU);
+    const float alpha = static_cast<float>(alphaOf(color)) * factor;
+    if (!(alpha > 0))
+        return withAlpha(color, 0);
+    return withAlpha(color, alpha < 255 ? static_cast<std::uint32_t>(alpha) : 255);
 }
 
 } // namespace nui

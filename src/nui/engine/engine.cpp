@@ -45,6 +45,7 @@ Engine::Engine() : basePath(programFolder()), clock_(SDL_GetTicks64), timers_(cl
 {
     metrics.read();
     resourceDirectory = basePath;
+    thirdDirectory = basePath;
 }
 
 Engine::~Engine() = default;
@@ -63,6 +64,7 @@ void Engine::start(const std::string& resourcePath)
     const std::uint32_t userEventType = SDL_RegisterEvents(1);
     Engine& engine = create();
     registerToolkitClasses();
+    engine.events_.reset(); // its hook must not outlive it, nor go with it later
     engine.events_ = std::make_unique<EventHandler>(engine, userEventType);
     if (!resourcePath.empty()) {
         engine.basePath = joinPath(engine.basePath, resourcePath);
@@ -77,9 +79,9 @@ void Engine::close()
 {
     if (theEngine() == nullptr)
         return;
-    // While there still is an engine for the widgets to ask.
+    // While there still is an engine for the widgets to ask; what is modal over others first.
     while (!theEngine()->screens.empty())
-        theEngine()->screens.close(theEngine()->screens.mainScreen());
+        theEngine()->screens.close(theEngine()->screens.all().rbegin()->second);
     closeGl();
     delete std::exchange(theEngine(), nullptr);
 }
@@ -174,6 +176,10 @@ void Engine::drawScreen(const ScreenPtr& screen, bool noSwap)
         if (!screen->layout(flags))
             screen->layout(flags & ~layout_flag::ResolveOwnSize);
         screen->place();
+        // A page that was laid out may have opened or closed windows.
+        if (!screen->isOpen())
+            return;
+        screens.makeCurrent(screen);
         // The first placing gives the window its size.
         set2DProjection();
         setViewport();

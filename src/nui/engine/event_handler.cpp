@@ -214,6 +214,11 @@ void EventHandler::onFocusLost(const ScreenPtr& screen)
 
 void EventHandler::onClose(const ScreenPtr& screen)
 {
+    if (!screen->window->enabled) {
+        // Not every window system keeps the user from closing what a modal window is over.
+        engine_.screens.raiseModalOver(screen);
+        return;
+    }
     engine_.keyboard.setFocus(nullptr);
     engine_.popups.closeOn(*screen);
     WindowEvent closing(window::Closing);

@@ -9,10 +9,26 @@
 
 namespace nui {
 
+namespace {
+
+void removeGroup(Screen& screen, std::uint32_t group)
+{
+    if (group == 0)
+        return;
+    const std::vector<WidgetPtr> children = screen.children();
+    for (const WidgetPtr& child : children) {
+        const auto* const overlay = dynamic_cast<const Overlay*>(child.get());
+        if (overlay != nullptr && overlay->group == group)
+            screen.remove(child.get());
+    }
+}
+
+} // namespace
+
 void Popups::show(const WidgetPtr& popup)
 {
     const ScreenPtr screen = engine_.screens.current();
-    if (!screen)
+    if (!screen || !popup)
         return;
     if (popup_ && popup_ != popup)
         close();
@@ -34,13 +50,8 @@ void Popups::close()
         return;
     engine_.pointer.forgetTree(*closing);
     screen->remove(closing.get());
-    const auto* const overlay = dynamic_cast<const Overlay*>(closing.get());
-    const std::vector<WidgetPtr> children = screen->children();
-    for (const WidgetPtr& child : children) {
-        const auto* const other = dynamic_cast<const Overlay*>(child.get());
-        if (overlay != nullptr && other != nullptr && other->group == overlay->group)
-            screen->remove(child.get());
-    }
+    if (const auto* const overlay = dynamic_cast<const Overlay*>(closing.get()))
+        removeGroup(*screen, overlay->group);
     screen->markDirty();
 }
 

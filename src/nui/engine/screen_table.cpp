@@ -58,9 +58,14 @@ void ScreenTable::drop(const ScreenPtr& screen)
     dropped->focusedWidget.reset();
     if (current_ == dropped)
         current_.reset();
-    std::erase_if(screens_, [&dropped](const auto& entry) { return entry.second == dropped; });
+    const std::size_t erased =
+        std::erase_if(screens_, [&dropped](const auto& entry) { return entry.second == dropped; });
+    for (const auto& [id, other] : screens_) {
+        if (other->parent == dropped.get())
+            other->parent = nullptr;
+    }
     dropped->closeWindow();
-    lastHasClosed_ = screens_.empty();
+    lastHasClosed_ = lastHasClosed_ || (erased != 0 && screens_.empty());
 }
 
 ScreenPtr ScreenTable::find(std::uint32_t windowId) const
@@ -76,6 +81,8 @@ ScreenPtr ScreenTable::mainScreen() const
 
 void ScreenTable::makeCurrent(const ScreenPtr& screen)
 {
+    if (!screen->isOpen())
+        return;
     if (current_ == screen && currentWindow() == screen->window.get())
         return;
     current_ = screen;

@@ -20,11 +20,8 @@ void ToolTips::arm(std::uint64_t time, const std::shared_ptr<Screen>& owner)
     DefaultToolTip& tip = requireWidget();
     const ScreenPtr screen =
         owner ? owner : (tip.parent == nullptr ? engine_.screens.current() : nullptr);
-    if (screen && tip.parent != screen.get()) {
-        if (auto* const former = dynamic_cast<Container*>(tip.parent))
-            former->remove(&tip);
-        screen->add(widget_);
-    }
+    if (screen)
+        moveTo(*screen);
     if (time == 0) {
         if (Screen* const shown = tip.screen())
             shown->markDirty();
@@ -33,7 +30,7 @@ void ToolTips::arm(std::uint64_t time, const std::shared_ptr<Screen>& owner)
 
 void ToolTips::aimAt(Widget& widget)
 {
-    target_ = &widget;
+    target_ = widget.weak_from_this();
     if (!isShowing())
         time_ = engine_.now() + RestTime;
     else
@@ -59,28 +56,30 @@ void ToolTips::hide()
 
 void ToolTips::step(std::uint64_t now)
 {
-    if (time_ == 0 || now < time_ || !engine_.pointer.hover() ||
-        engine_.pointer.hover().get() != target_)
+    if (time_ == 0 || now < time_)
+        return;
+    const WidgetPtr target = target_.lock();
+    if (!target || engine_.pointer.hover() != target)
         return;
     const bool fade = time_ != AtOnce;
-    show(target_->toolTip, static_cast<float>(engine_.pointer.x()),
+    show(target->toolTip, static_cast<float>(engine_.pointer.x()),
          static_cast<float>(engine_.pointer.y()) + PointerHeight, fade);
 }
 
 void ToolTips::show(const std::string& text, float x, float y, bool fade)
 {
     time_ = 0;
+    hide();
     DefaultToolTip& tip = requireWidget();
     tip.localX = x;
     tip.localY = y;
     tip.alpha = 1;
     tip.visibility = visibility::Overlapping;
     tip.setText(text);
-    const ScreenPtr& screen = engine_.screens.current();
-    if (tip.parent == nullptr && screen)
-        screen->add(widget_);
-    if (Screen* const shown = tip.screen())
-        shown->markDirty();
+    if (const ScreenPtr& screen = engine_.screens.current()) {
+        moveTo(*screen);
+        screen->markDirty();
+    }
     if (fade)
         fade_ = createTween(
             engine_.tweens, FadeSeconds,
@@ -89,27 +88,39 @@ void ToolTips::show(const std::string& text, float x, float y, bool fade)
 
 void ToolTips::forgetTree(const Widget& root)
 {
-    if (root.contains(target_)) {
-        target_ = nullptr;
+    if (root.contains(target_.lock().get())) {
+        target_.reset();
         time_ = 0;
     }
     if (widget_ && root.contains(widget_.get())) {
         hide();
-        if (auto* const former = dynamic_cast<Container*>(widget_->parent))
-            former->remove(widget_.get());
+        takeOff();
     }
 }
 
 void ToolTips::setWidget(std::shared_ptr<DefaultToolTip> widget)
 {
     hide();
-    if (widget_) {
-        if (auto* const former = dynamic_cast<Container*>(widget_->parent))
-            former->remove(widget_.get());
-    }
+    takeOff();
     widget_ = std::move(widget);
     if (widget_)
         widget_->visibility = visibility::Collapsed;
+}
+
+/// It shows on one screen at a time: the one that the pointer is on.
+void ToolTips::moveTo(Screen& screen)
+{
+    if (widget_->parent == &screen)
+        return;
+    takeOff();
+    screen.add(widget_);
+}
+
+void ToolTips::takeOff()
+{
+    auto* const former = widget_ ? dynamic_cast<Container*>(widget_->parent) : nullptr;
+    if (former != nullptr)
+        former->remove(widget_.get());
 }
 
 bool ToolTips::isShowing() const

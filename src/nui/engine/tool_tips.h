@@ -44,11 +44,13 @@ public:
 
 private:
     DefaultToolTip& requireWidget();
+    void moveTo(Screen& screen);
+    void takeOff();
 
     Engine& engine_;
     std::shared_ptr<DefaultToolTip> widget_;
     std::shared_ptr<CTween> fade_;
-    Widget* target_ = nullptr; ///< not owned; forgotten with its tree
+    std::weak_ptr<Widget> target_; ///< whom it is for
     std::uint64_t time_ = 0;
 };
 

@@ -48,7 +48,8 @@ bool WindowHandle::create(const WindowSettings& settings)
     minimized = (settings.flags & SDL_WINDOW_MINIMIZED) != 0;
     hidden = (settings.flags & SDL_WINDOW_HIDDEN) != 0;
     if (!window_) {
-        SDL_Log("Window error %s", SDL_GetError());
+        // These words are what support looks for; a number never stood there.
+        SDL_Log("%s: %s", "Window error %d", SDL_GetError());
         // Windows that are open already may still want it.
         startGlew();
         return false;

@@ -2,6 +2,8 @@
 
 #include "nui/widgets/widget.h"
 
+#include <utility>
+
 namespace nui {
 
 void subscribe(Widget& widget, EventType type, ListenerList::Function function, void* user)
@@ -30,11 +32,15 @@ void dispatch(Widget& widget, WidgetEvent& event, Phase phase)
 
 void bubble(Widget& widget, WidgetEvent& event)
 {
+    // Listeners may let go of the widgets on the way.
+    WidgetPtr held = widget.weak_from_this().lock();
     dispatch(widget, event, Phase::AtTarget);
     for (Widget* ancestor = widget.parent;
          ancestor != nullptr && event.stopLevel < stop_level::EndsBubble;
-         ancestor = ancestor->parent)
+         ancestor = ancestor->parent) {
+        const WidgetPtr child = std::exchange(held, ancestor->weak_from_this().lock());
         dispatch(*ancestor, event, Phase::Bubbling);
+    }
 }
 
 void send(Widget& widget, EventType type)

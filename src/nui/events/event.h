@@ -27,7 +27,7 @@ public:
     EventTemplate& operator=(const EventTemplate&) = default;
     virtual ~EventTemplate() = default;
 
-    void stop(std::uint32_t level) { stopLevel = std::max(stopLevel, level); }
+    void stop(std::uint32_t level) { stopLevel = level; }
     /// No other listener and no default action: the event is used up.
     void consume()
     {
@@ -55,16 +55,16 @@ public:
     /// An equal entry is removed first, so that the new one stands last.
     void subscribe(EventType type, Function function, void* user)
     {
-        std::erase(entries_, Entry{type, function, user});
-        entries_.push_back({type, function, user});
+        const Entry added{type, function, user};
+        removeIf([&added](const Entry& entry) { return entry == added; });
+        entries_.push_back(added);
     }
 
     /// Removes every entry of the type and function, whatever its user pointer.
     void unsubscribe(EventType type, Function function)
     {
-        std::erase_if(entries_, [&](const Entry& entry) {
-            return entry.type == type && entry.function == function;
-        });
+        removeIf(
+            [=](const Entry& entry) { return entry.type == type && entry.function == function; });
     }
 
     /// Puts `to` where `from` is owner or user pointer: what a clone needs.
@@ -75,25 +75,22 @@ public:
             entry.user = entry.user == from ? to : entry.user;
     }
 
-    /// Calls the listeners of the event's type until one swallows it. The walk goes by index, as
-    /// a listener may add entries (which are reached) and remove them.
-    void call(Event& event) const
+    /// Calls the listeners of the event's type until one swallows it. A listener may add entries,
+    /// which are reached, and remove any.
+    void call(Event& event)
     {
-        for (std::size_t index = 0; index < entries_.size(); ++index) {
+        ++calls_;
+        for (std::size_t index = 0;
+             index < entries_.size() && event.stopLevel < stop_level::Swallow; ++index) {
             const Entry entry = entries_[index];
-            if (entry.type != event.type)
+            if (entry.type != event.type || entry.function == nullptr)
                 continue;
             event.user = entry.user;
             entry.function(event);
-            if (event.stopLevel >= stop_level::Swallow)
-                return;
-            // The called entry was removed by its own listener: the next one moved here.
-            if (index < entries_.size() && !(entries_[index] == entry))
-                --index;
         }
+        if (--calls_ == 0)
+            std::erase_if(entries_, [](const Entry& entry) { return entry.function == nullptr; });
     }
-
-    [[nodiscard]] bool empty() const { return entries_.empty(); }
 
     Sender* owner;
 
@@ -106,7 +103,21 @@ private:
         bool operator==(const Entry&) const = default;
     };
 
+    /// Entries keep their places while the list is being called.
+    template <class Condition> void removeIf(Condition condition)
+    {
+        if (calls_ == 0) {
+            std::erase_if(entries_, condition);
+            return;
+        }
+        for (Entry& entry : entries_) {
+            if (condition(entry))
+                entry.function = nullptr;
+        }
+    }
+
     std::vector<Entry> entries_;
+    int calls_ = 0; ///< how many call()s are under way
 };
 
 } // namespace nui

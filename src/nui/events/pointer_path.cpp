@@ -49,6 +49,12 @@ const Widget* commonAncestor(const Widget* one, const Widget* other)
     return one;
 }
 
+/// Held, as listeners may let go of what they listen on.
+WidgetPtr parentOf(const Widget& widget)
+{
+    return widget.parent != nullptr ? widget.parent->shared_from_this() : nullptr;
+}
+
 TouchEvent at(const TouchEvent& event, EventType type)
 {
     TouchEvent other(type);
@@ -87,9 +93,17 @@ void PointerPath::deliver(TouchEvent& event, const Input& input, Screen& screen)
     WidgetPtr deepest;
     WidgetPtr captured = captured_;
     screen.hitTest(event, deepest, captured, 0);
-    setCaptured(captured);
+    // A listener may have closed the screen, or taken what was hit off it.
+    const auto isThere = [&screen](const WidgetPtr& widget) {
+        return screen.isOpen() && screen.contains(widget.get());
+    };
+    setCaptured(isThere(captured) ? captured : nullptr);
+    if (!isThere(deepest))
+        deepest.reset();
     if (deepest != hover_)
         moveHover(event, deepest);
+    if (!isThere(deepest))
+        deepest.reset();
 
     if (deepest && event.type == touch::Press)
         press(event, screen, deepest);
@@ -182,7 +196,7 @@ void PointerPath::moveHover(const TouchEvent& event, const WidgetPtr& deepest)
 {
     const WidgetPtr old = hover_;
     const Widget* const common = commonAncestor(old.get(), deepest.get());
-    leave(event, old.get(), common);
+    leave(event, old, common);
     if (old) {
         TouchEvent left = at(event, touch::LeaveSelf);
         dispatch(*old, left, Phase::AtTarget);
@@ -191,38 +205,36 @@ void PointerPath::moveHover(const TouchEvent& event, const WidgetPtr& deepest)
         TouchEvent entered = at(event, touch::EnterSelf);
         dispatch(*deepest, entered, Phase::AtTarget);
     }
-    enter(event, deepest.get(), common);
+    enter(event, deepest, common);
     if (deepest && !deepest->toolTip.empty())
         engine_.toolTips.aimAt(*deepest);
-    hover_ = deepest;
+    hover_ = deepest && deepest->screen() != nullptr ? deepest : nullptr;
     engine_.toolTips.hide();
 }
 
-void PointerPath::leave(const TouchEvent& event, Widget* from, const Widget* common)
+void PointerPath::leave(const TouchEvent& event, const WidgetPtr& from, const Widget* common)
 {
     TouchEvent left = at(event, touch::Leave);
-    Phase phase = Phase::AtTarget;
-    for (Widget* widget = from; widget != common && left.stopLevel < stop_level::EndsBubble;
-         widget = widget->parent) {
-        dispatch(*widget, left, phase);
-        phase = Phase::Bubbling;
+    for (WidgetPtr widget = from; widget && widget.get() != common; widget = parentOf(*widget)) {
+        if (left.stopLevel >= stop_level::EndsBubble)
+            return;
+        dispatch(*widget, left, widget == from ? Phase::AtTarget : Phase::Bubbling);
         const StateTemplates* const looks = widget->stateTemplates.get();
         if (!left.prevented && looks != nullptr && looks->over && looks->normal)
             widget->resetState();
     }
 }
 
-void PointerPath::enter(const TouchEvent& event, Widget* to, const Widget* common)
+void PointerPath::enter(const TouchEvent& event, const WidgetPtr& to, const Widget* common)
 {
     TouchEvent entered = at(event, touch::Enter);
-    Phase phase = Phase::AtTarget;
-    for (Widget* widget = to; widget != common && entered.stopLevel < stop_level::EndsBubble;
-         widget = widget->parent) {
-        const bool isCaptured = captured_.get() == widget;
+    for (WidgetPtr widget = to; widget && widget.get() != common; widget = parentOf(*widget)) {
+        if (entered.stopLevel >= stop_level::EndsBubble)
+            return;
+        const bool isCaptured = captured_ == widget;
         if (captured_ && !isCaptured)
             continue;
-        dispatch(*widget, entered, phase);
-        phase = Phase::Bubbling;
+        dispatch(*widget, entered, widget == to ? Phase::AtTarget : Phase::Bubbling);
         const StateTemplates* const looks = widget->stateTemplates.get();
         if (entered.prevented || looks == nullptr || !looks->normal)
             continue;

@@ -50,8 +50,8 @@ private:
     void endPress();
     void finishCapture(TouchEvent& event);
     void moveHover(const TouchEvent& event, const WidgetPtr& deepest);
-    static void leave(const TouchEvent& event, Widget* from, const Widget* common);
-    void enter(const TouchEvent& event, Widget* to, const Widget* common);
+    static void leave(const TouchEvent& event, const WidgetPtr& from, const Widget* common);
+    void enter(const TouchEvent& event, const WidgetPtr& to, const Widget* common);
     void setCaptured(WidgetPtr widget);
 
     Engine& engine_;

@@ -6,7 +6,7 @@ bool Engine::changeLanguageAndFont(const char* selectedLang, bool /*detectInputL
                                    const std::function<void(const std::string&)>& log)
 {
     log("entering changeLanguageAndFont");
-    if (selectedLang == nullptr) {
+    if (selectedLang == nullptr || !language) {
         log("leaving changeLanguageAndFont; no input lang provided and not detecting lang");
         return false;
     }

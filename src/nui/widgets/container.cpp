@@ -85,11 +85,8 @@ void Container::drawChildren(Point position)
         const Rect outerClip = getClip();
         const auto* const overlay =
             child->isOverlay() ? dynamic_cast<const Overlay*>(child.get()) : nullptr;
-        if (overlay != nullptr && overlay->anchor != nullptr) {
-            const Widget& anchor = *overlay->anchor;
-            setClip({static_cast<int>(anchor.x), static_cast<int>(anchor.y),
-                     static_cast<int>(anchor.width), static_cast<int>(anchor.height)});
-        }
+        if (const WidgetPtr anchor = overlay != nullptr ? overlay->anchor.lock() : nullptr)
+            setClip(pixelRect(anchor->x, anchor->y, anchor->width, anchor->height));
         child->draw({position.x + scrollX + child->offsetX, position.y + scrollY + child->offsetY},
                     drawAlpha);
         setClip(outerClip);
@@ -271,6 +268,8 @@ void Container::add(WidgetPtr child)
 
 void Container::insert(std::size_t index, WidgetPtr child)
 {
+    if (!child)
+        return;
     const auto present = std::find(children_.begin(), children_.end(), child);
     if (present != children_.end()) {
         if (static_cast<std::size_t>(present - children_.begin()) < index)
@@ -306,7 +305,7 @@ void Container::removeAll()
 bool Container::replace(const Widget* child, WidgetPtr replacement)
 {
     const WidgetPtr found = find(child);
-    if (!found)
+    if (!found || !replacement)
         return false;
     std::erase(children_, replacement == found ? nullptr : replacement);
     const auto place = std::find(children_.begin(), children_.end(), found);

@@ -37,12 +37,13 @@ Form::Form(Container& root) : root_(root)
 
 Form::~Form()
 {
-    std::shared_ptr<FormItem> item = first_.lock();
-    while (item && item->neighbours_ && item->neighbours_->form == this) {
-        const std::shared_ptr<FormItem> next = item->neighbours_->next.lock();
+    for (const std::weak_ptr<FormItem>& known : items_) {
+        const std::shared_ptr<FormItem> item = known.lock();
+        // One that another form has taken over since listens to that one.
+        if (!item || !item->neighbours_ || item->neighbours_->form != this)
+            continue;
         item->neighbours_.reset();
         unsubscribe(*widgetOf(item), keyboard::Down, onKey);
-        item = next;
     }
 }
 
@@ -69,6 +70,7 @@ void Form::add(const WidgetPtr& widget, FormItem& item)
         first_ = shared;
     }
     last_ = shared;
+    items_.push_back(shared);
     // Behind the widget's own listener, which may swallow the key; never two forms at once.
     unsubscribe(*widget, keyboard::Down, onKey);
     subscribe(*widget, keyboard::Down, onKey, this);
@@ -96,7 +98,8 @@ void Form::moveFocus(Widget& sender, bool forward) const
 {
     auto* const start = dynamic_cast<FormItem*>(&sender);
     FormItem* item = start;
-    for (;;) {
+    // As many steps as there are items: forms within forms may leave the sender out of the ring.
+    for (std::size_t steps = 0; steps < items_.size(); ++steps) {
         const FormItem::Neighbours* const neighbours = item->neighbours_.get();
         if (neighbours == nullptr)
             return;
@@ -119,8 +122,8 @@ void Form::activateDefault(Widget& sender)
         const auto* const container = dynamic_cast<Container*>(ancestor);
         if (container == nullptr || !container->form)
             continue;
-        Widget* const item = container->form->defaultItem;
-        if (item != nullptr && item != &sender)
+        const WidgetPtr item = container->form->defaultItem();
+        if (item && item.get() != &sender)
             send(*item, plain_event::Activate);
         return;
     }

@@ -3,6 +3,7 @@
 #include "nui/events/widget_events.h"
 
 #include <memory>
+#include <vector>
 
 namespace nui {
 
@@ -41,8 +42,9 @@ public:
     Form& operator=(const Form&) = delete;
     ~Form();
 
-    /// Whom Return activates; null for nobody. Not owned, a widget below the root.
-    Widget* defaultItem = nullptr;
+    /// Whom Return activates, a widget below the root; null for nobody.
+    void setDefaultItem(const WidgetPtr& widget) { defaultItem_ = widget; }
+    [[nodiscard]] WidgetPtr defaultItem() const { return defaultItem_.lock(); }
 
     [[nodiscard]] std::shared_ptr<FormItem> first() const { return first_.lock(); }
     [[nodiscard]] std::shared_ptr<FormItem> last() const { return last_.lock(); }
@@ -56,6 +58,8 @@ private:
     [[nodiscard]] bool canTakeFocus(const Widget& widget) const;
 
     Container& root_;
+    std::weak_ptr<Widget> defaultItem_;
+    std::vector<std::weak_ptr<FormItem>> items_; ///< all that listen, for the farewell
     std::weak_ptr<FormItem> first_;
     std::weak_ptr<FormItem> last_;
 };

@@ -16,8 +16,8 @@ public:
     [[nodiscard]] bool isOverlay() const override { return true; }
     [[nodiscard]] const char* className() const override { return "Overlay"; }
 
-    Widget* anchor = nullptr; ///< what its drawing is cut to, if anything; not owned
-    std::uint32_t group = 0;  ///< overlays of one group go with the popup among them
+    std::weak_ptr<Widget> anchor; ///< what its drawing is cut to, if anything
+    std::uint32_t group = 0;      ///< those of one group go with the popup among them; 0 is none
 };
 
 class TextButton : public Cloneable<TextButton, TextLabel>, public FormItem {

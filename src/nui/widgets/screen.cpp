@@ -29,14 +29,21 @@ Screen::Screen()
 
 Screen::Screen(const Screen& other) : Cloneable<Screen, Container>(other)
 {
-    *this = other;
+    adoptWindowKeys(other);
 }
 
 Screen& Screen::operator=(const Screen& other)
 {
-    if (this == &other)
-        return *this;
-    Container::operator=(other);
+    if (this != &other) {
+        Container::operator=(other);
+        adoptWindowKeys(other);
+    }
+    return *this;
+}
+
+/// What describes the window; the window itself and what goes on in it stay with the other.
+void Screen::adoptWindowKeys(const Screen& other)
+{
     title_ = other.title_;
     titleKey_ = other.titleKey_;
     windowMenu_ = other.windowMenu_;
@@ -50,7 +57,6 @@ Screen& Screen::operator=(const Screen& other)
     windowStyle_ = other.windowStyle_;
     minWidth_ = other.minWidth_;
     minHeight_ = other.minHeight_;
-    return *this;
 }
 
 Screen::~Screen() = default;
@@ -103,7 +109,7 @@ void Screen::place()
 
 void Screen::finishFirstPlacing()
 {
-    window->setSize(static_cast<std::int32_t>(width), static_cast<std::int32_t>(height));
+    window->setSize(wholePixels(width), wholePixels(height));
     if (gravity == Placement::Center || alignment == Placement::Center)
         window->center();
     // SDL tells of no resize that the program asked for itself.
@@ -120,12 +126,15 @@ void Screen::finishFirstPlacing()
 bool Screen::read(NuiReader& reader)
 {
     Container::read(reader);
+    // A text whose unit is unknown leaves its number behind, here as everywhere.
     Size size{widthValue, widthMode};
     if (reader.readSize(size, "windowWidth"))
         setWidth(size);
+    widthValue = size.value;
     size = {heightValue, heightMode};
     if (reader.readSize(size, "windowHeight"))
         setHeight(size);
+    heightValue = size.value;
     reader.readSize(minWidth_, "minWindowWidth");
     reader.readSize(minHeight_, "minWindowHeight");
     std::string key;
@@ -188,8 +197,12 @@ void Screen::setEnabled(bool enabled)
 void Screen::reloadText()
 {
     Container::reloadText();
-    if (!titleKey_.empty())
-        setTitleKey(titleKey_);
+    if (titleKey_.empty())
+        return;
+    // The key stays, also while a language lacks it.
+    title_ = engine().language->getString(titleKey_);
+    if (isOpen())
+        window->setTitle(title_);
 }
 
 void Screen::setTitle(const std::string& plainText)
@@ -243,13 +256,13 @@ void Screen::openWindow()
 
     WindowSettings settings;
     settings.title = title_;
-    settings.width = std::max(static_cast<std::int32_t>(windowWidth_), 1);
-    settings.height = std::max(static_cast<std::int32_t>(windowHeight_), 1);
+    settings.width = std::max(wholePixels(windowWidth_), 1);
+    settings.height = std::max(wholePixels(windowHeight_), 1);
     settings.flags = windowFlags_;
     if (!icon_.empty())
         settings.iconPath = joinPath(engine().basePath, icon_);
-    settings.minWidth = static_cast<std::int32_t>(resolve(minWidth_, display.w));
-    settings.minHeight = static_cast<std::int32_t>(resolve(minHeight_, display.h));
+    settings.minWidth = wholePixels(resolve(minWidth_, display.w));
+    settings.minHeight = wholePixels(resolve(minHeight_, display.h));
     if (!window->create(settings))
         return;
     if (windowMenu_)
@@ -277,7 +290,7 @@ void Screen::moveWindow(std::int32_t left, std::int32_t top)
     if (!isOpen())
         return;
     SDL_SetWindowPosition(window->sdlWindow(), left, top);
-    window->setSize(static_cast<std::int32_t>(widthValue), static_cast<std::int32_t>(heightValue));
+    window->setSize(wholePixels(widthValue), wholePixels(heightValue));
     window->readDrawableSize();
     markDirty();
 }
@@ -294,8 +307,21 @@ void Screen::setRect(std::int32_t left, std::int32_t top, std::int32_t right, st
 void Screen::setOuterRect(std::int32_t left, std::int32_t top, std::int32_t right,
                           std::int32_t bottom)
 {
-    const FrameSizes frame = isOpen() ? frameSizes(window->sdlWindow()) : FrameSizes{};
+    const FrameSizes frame = frameSizes();
     setRect(left + frame.left, top + frame.top, right - frame.right, bottom - frame.bottom);
+}
+
+FrameSizes Screen::frameSizes() const
+{
+    return isOpen() ? nui::frameSizes(window->sdlWindow()) : FrameSizes{};
+}
+
+void Screen::closeWindow()
+{
+    // The system destroys a menu along with the window that it is attached to.
+    if (isOpen() && windowMenu_)
+        attachNativeMenu(window->sdlWindow(), nullptr, {});
+    window.reset();
 }
 
 Rect Screen::clientRect() const
@@ -341,6 +367,8 @@ void Screen::setStateId(std::uint32_t newId)
 void Screen::beginDrag(const WidgetPtr& widget, Widget* owner, std::int32_t grabX,
                        std::int32_t grabY, bool useWidgetItself)
 {
+    if (!widget)
+        return;
     if (draggedWidget_ && find(draggedWidget_.get())) {
         previousDraggedWidget_ = draggedWidget_;
         previousDraggedWidget_->visibility = visibility::Collapsed;
@@ -370,6 +398,8 @@ void Screen::onDragEvent(WidgetEvent& event)
         event.stop(stop_level::Swallow);
         return;
     }
+    if (!self.draggedWidget_)
+        return;
     Widget& dragged = *self.draggedWidget_;
     dragged.localX = static_cast<float>(touched.x - self.grabX_);
     dragged.localY = static_cast<float>(touched.y - self.grabY_);
@@ -379,7 +409,8 @@ void Screen::onDragEvent(WidgetEvent& event)
 
 void Screen::endDrag()
 {
-    remove(draggedWidget_.get());
+    if (draggedWidget_)
+        remove(draggedWidget_.get());
     draggedWidget_.reset();
     if (previousDraggedWidget_) {
         remove(previousDraggedWidget_.get());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "nui/engine/window_handle.h"
+#include "nui/native_window.h"
 #include "nui/reader/widget_pack.h"
 #include "nui/widgets/container.h"
 
@@ -62,6 +63,7 @@ public:
     void setOuterRect(std::int32_t left, std::int32_t top, std::int32_t right, std::int32_t bottom);
     [[nodiscard]] Rect clientRect() const;
     [[nodiscard]] Rect outerRect() const;
+    [[nodiscard]] FrameSizes frameSizes() const;
 
     /// A layer over everything with the child on it, darkened if `dim`. One at a time.
     void showModalOverlay(WidgetPtr child, bool dim);
@@ -84,7 +86,7 @@ public:
     [[nodiscard]] bool isOpen() const { return window && window->exists(); }
     /// SDL's id of the window; 0 without one.
     [[nodiscard]] std::uint32_t windowId() const { return isOpen() ? window->id() : 0; }
-    void closeWindow() { window.reset(); }
+    void closeWindow();
 
     WidgetPtr focusedWidget; ///< has the keyboard within this window
     std::unique_ptr<WindowHandle> window;
@@ -99,6 +101,7 @@ private:
     static constexpr std::uint32_t MaximizedFlag = 128;
     static constexpr std::uint32_t MinimizeBoxStyle = 0x20000; ///< WS_MINIMIZEBOX
 
+    void adoptWindowKeys(const Screen& other);
     void setWindowFlag(std::uint32_t flag, bool set);
     void readFlag(NuiReader& reader, const char* key, std::uint32_t flag);
     void firstLayoutSize(std::uint32_t flags);

@@ -22,9 +22,11 @@ constexpr float WheelStep = 20;
 
 void Container::setScrollable(bool horizontally, bool vertically)
 {
+    const bool did = scrollableX || scrollableY;
     scrollableX = horizontally;
     scrollableY = vertically;
-    listenForScrolling(horizontally || vertically);
+    if (did != (horizontally || vertically))
+        listenForScrolling(!did);
 }
 
 void Container::setDragEvents(bool use)

@@ -171,8 +171,7 @@ void Widget::draw(Point position, float inheritedAlpha)
     const bool clips = (visibility & visibility::Clips) != 0;
     const Rect outerClip = getClip();
     if (clips)
-        intersectClip({static_cast<int>(x), static_cast<int>(y), static_cast<int>(width),
-                       static_cast<int>(height)});
+        intersectClip(pixelRect(x, y, width, height));
     if (alphaOf(backgroundColor) != 0) {
         setColor(backgroundColor, drawAlpha);
         fillRect(x, y, width, height);
