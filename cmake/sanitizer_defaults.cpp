@@ -22,6 +22,13 @@ const char* __lsan_default_options()
     return "print_suppressions=0";
 }
 
+// The software renderer draws on threads of its own, with locks that are not seen. None of our
+// other threads may go near it, so a race of ours never has it on a stack.
+const char* __tsan_default_suppressions()
+{
+    return "race:swrast_dri.so\n";
+}
+
 const char* __asan_default_options()
 {
     return "detect_stack_use_after_return=1";

@@ -53,7 +53,7 @@ void setGlAttributes()
 
 bool openHiddenWindow()
 {
-    closeHiddenWindow();
+    closeGl();
     SDL_Window* const window =
         SDL_CreateWindow("", SDL_WINDOWPOS_UNDEFINED, SDL_WINDOWPOS_UNDEFINED, 1, 1,
                          SDL_WINDOW_OPENGL | SDL_WINDOW_HIDDEN);
@@ -129,7 +129,8 @@ void setViewport()
 
 void resetFrameState()
 {
-    for (const GLenum capability : {GL_CULL_FACE, GL_DEPTH_TEST, GL_TEXTURE_2D, GL_SCISSOR_TEST})
+    constexpr GLenum Capabilities[] = {GL_CULL_FACE, GL_DEPTH_TEST, GL_TEXTURE_2D, GL_SCISSOR_TEST};
+    for (const GLenum capability : Capabilities)
         glDisable(capability);
 }
 
