@@ -49,4 +49,9 @@ if(WIN32)
         UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX
         WINVER=0x0A00 _WIN32_WINNT=0x0A00 BOOST_ALL_NO_LIB)
     add_link_options(-static -s -Wl,--no-insert-timestamp)
+    if(VS5_WINDOWS_MACHINE STREQUAL x86)
+        # The older unit keeps more digits than a float has, so that a stored value differs from
+        # the one it was worked out from, and sizes from those of the other builds.
+        add_compile_options(-msse2 -mfpmath=sse)
+    endif()
 endif()

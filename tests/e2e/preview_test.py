@@ -1,0 +1,202 @@
+"""The layout preview: what it draws, measures, plays and refuses."""
+
+import json
+import shutil
+import subprocess
+import tempfile
+import time
+import unittest
+from pathlib import Path
+
+from machine import IS_WINDOWS, PROGRAMS, SUFFIX, Machine
+from picture import Picture
+
+SAMPLES = PROGRAMS / "resources" / "samples"
+TREES = Path(__file__).parent / "preview_trees"
+KEYS = ["class", "id", "name", "x", "y", "width", "height", "visibility", "enabled", "focused",
+        "children"]
+
+
+def windows_name(path):
+    return f"Z:{path}" if IS_WINDOWS else str(path)
+
+
+def widgets(tree):
+    yield tree
+    for child in tree["children"]:
+        yield from widgets(child)
+
+
+def lines(tree, depth=0):
+    """One line a widget, without what depends on the display."""
+    text = f" {json.dumps(tree['text'], ensure_ascii=False)}" if "text" in tree else ""
+    place = " ".join(str(tree[key]) for key in ("x", "y", "width", "height"))
+    yield f"{'  ' * depth}{tree['class']} {tree['name'] or '-'} {place} {tree['visibility']}{text}"
+    for child in tree["children"]:
+        yield from lines(child, depth + 1)
+
+
+class Preview(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.machine = Machine()
+        cls.addClassCleanup(cls.machine.close)
+
+    def setUp(self):
+        self.folder = Path(tempfile.mkdtemp(prefix="vs5_preview_"))
+        self.addCleanup(shutil.rmtree, self.folder)
+
+    def write(self, name, text):
+        file = self.folder / name
+        file.write_text(text, encoding="utf-8")
+        return file
+
+    def preview(self, layout, *args):
+        return self.machine.run(PROGRAMS / f"nui_preview{SUFFIX}", windows_name(layout),
+                                *(windows_name(a) if isinstance(a, Path) else a for a in args))
+
+    def show(self, layout, *args):
+        """The tree and the picture of a layout file."""
+        tree, picture = self.folder / "tree.json", self.folder / "picture.png"
+        ended = self.preview(layout, "--tree", tree, "--png", picture, *args)
+        self.assertEqual((ended.returncode, ended.stderr), (0, ""))
+        return json.loads(tree.read_text(encoding="utf-8")), Picture(picture)
+
+    def test_samples_are_laid_out_the_same_everywhere(self):
+        samples = sorted(SAMPLES.glob("*.json"))
+        self.assertEqual([file.stem for file in samples if file.stem != "units"],
+                         sorted(file.stem for file in TREES.glob("*.txt")))
+        for sample in samples:
+            with self.subTest(sample.stem):
+                tree, picture = self.show(sample)
+                self.assertEqual((picture.width, picture.height), (tree["width"], tree["height"]))
+                for widget in widgets(tree):
+                    keys = [key for key in widget if key != "text"]
+                    self.assertEqual(keys, KEYS)
+                expected = TREES / f"{sample.stem}.txt"
+                if expected.exists():
+                    self.assertEqual(expected.read_text(encoding="utf-8").splitlines(),
+                                     list(lines(tree)))
+
+    def test_points_follow_the_scale_of_the_display(self):
+        tree, _ = self.show(SAMPLES / "units.json")
+        sizes = {widget["name"]: widget["width"] for widget in widgets(tree)}
+        self.assertGreaterEqual(sizes["ten_points"], 10)
+        self.assertIn(sizes["many_points"] // 10, (sizes["ten_points"], sizes["ten_points"] + 1))
+        self.assertEqual(sizes["text_points"], sizes["many_points"])
+
+    def test_pictures_show_what_the_tree_tells(self):
+        tree, picture = self.show(SAMPLES / "overlap.json", "--size", "400x300")
+        self.assertEqual((picture.width, picture.height), (400, 300))
+        places = {widget["name"]: widget for widget in widgets(tree)}
+        for name, colour in (("start", "#D9542B"), ("end", "#1F2D3D")):
+            widget = places[name]
+            left, top = widget["x"], widget["y"]
+            right, bottom = left + widget["width"] - 1, top + widget["height"] - 1
+            for x, y in ((left, top), (right, top), (left, bottom), (right, bottom)):
+                self.assertEqual(picture.at(x, y), colour, name)
+            self.assertNotEqual(picture.at(left - 1, top), colour, name)
+            self.assertNotEqual(picture.at(left, top - 1), colour, name)
+
+    def test_a_script_plays_with_the_window(self):
+        script = self.write("script.txt", "\n".join([
+            "# looks of the states", "move 160 100", "png {0}over.png", "press",
+            "png {0}pressed.png", "move 5 5", "release", "png {0}left.png", "click second_button",
+            "focus second_button", "tree {0}second.json", "quit", "click nobody"
+        ]).format(windows_name(self.folder) + "/"))
+        self.show(SAMPLES / "borders.json", "--play", script)
+        seen = [Picture(self.folder / f"{name}.png").at(160, 100)
+                for name in ("over", "pressed", "left")]
+        self.assertEqual(seen, ["#FFF2C8", "#D9542B", "#FFFFFF"])
+        tree = json.loads((self.folder / "second.json").read_text(encoding="utf-8"))
+        self.assertEqual([widget["name"] for widget in widgets(tree) if widget["focused"]],
+                         ["second_button"])
+
+    def test_the_wheel_scrolls_what_can_be_scrolled(self):
+        script = self.write("script.txt", "move 60 60\nwheel -2\n")
+        before, _ = self.show(SAMPLES / "scrolling.json")
+        after, _ = self.show(SAMPLES / "scrolling.json", "--play", script)
+        moved = {a["name"] for a, b in zip(widgets(before), widgets(after)) if a["y"] > b["y"]}
+        self.assertEqual(moved, {"c1", "c2", "c3", "c4", "c5"})
+
+    def test_faults_of_a_file_are_told_with_their_place(self):
+        screen = '"id": "a", "class": "Screen"'
+        faults = {
+            '{"widgets": [\n  {"id": 1,, }]}': ("layout.json:2:", "JSON"),
+            '{"widgets": [\n{"id": "a", "class": "Scren"}]}': ("layout.json:2:", "Scren"),
+            f'{{"widgets": [{{{screen}, "visibility": 3}}]}}': ("layout.json:1:", "visibility"),
+            f'{{"widgets": [{{{screen}, "children": [{{"template": "no_one"}}]}}]}}':
+                ("layout.json:1:", "no_one"),
+            f'{{"include": ["gone.json"], "widgets": [{{{screen}}}]}}':
+                ("layout.json:1:", "gone.json"),
+            '{"widgets": []}': ("layout.json", "no widget"),
+        }
+        for text, told in faults.items():
+            layout = self.write("layout.json", text)
+            ended = self.preview(layout, "--tree", self.folder / "tree.json")
+            self.assertEqual(ended.returncode, 1, text)
+            for part in told:
+                self.assertIn(part, ended.stderr)
+            self.assertFalse((self.folder / "tree.json").exists())
+        ended = self.preview(self.folder / "no such file.json", "--tree", self.folder / "tree.json")
+        self.assertEqual(ended.returncode, 1)
+        self.assertIn("no such file.json", ended.stderr)
+
+    def test_faults_of_a_script_are_told_with_their_line(self):
+        for text, told in (("wait 0\nfly away", "script.txt:2: The command \"fly\" is not known."),
+                           ("\n\nclick nobody", "script.txt:3: There is no widget \"nobody\".")):
+            script = self.write("script.txt", text)
+            ended = self.preview(SAMPLES / "borders.json", "--play", script)
+            self.assertEqual(ended.returncode, 1)
+            self.assertIn(told, ended.stderr)
+        ended = self.preview(SAMPLES / "borders.json", "--zoom", "2")
+        self.assertEqual((ended.returncode, ended.stderr.count("\n")), (2, 1))
+
+    def test_an_open_preview_follows_the_file_and_its_includes(self):
+        part = self.write("part.json", '{"constants": {"paper": "#FFFFFF"}}')
+        layout = self.write("layout.json", """{"include": ["part.json"], "widgets": [
+            {"id": "a", "class": "Screen", "windowWidth": 200, "windowHeight": 150,
+             "backgroundColor": "paper"}]}""")
+        errors = self.folder / "errors.txt"
+        with errors.open("wb") as stream:
+            running = subprocess.Popen(
+                self.machine.command(PROGRAMS / f"nui_preview{SUFFIX}", windows_name(layout)),
+                env=self.machine.environment, stdin=subprocess.DEVNULL, stdout=stream,
+                stderr=stream)
+        try:
+            time.sleep(3)
+            self.assertEqual(errors.read_bytes(), b"")
+            for file, text, told in ((layout, '{"widgets": [', b"layout.json:1:"),
+                                     (part, '{"constants": ]', b"part.json:1:")):
+                good = file.read_text(encoding="utf-8")
+                file.write_text(text, encoding="utf-8")
+                self.wait_for(lambda: told in errors.read_bytes())
+                self.assertIsNone(running.poll())
+                file.write_text(good, encoding="utf-8")
+                time.sleep(1)
+            self.assertIsNone(running.poll())
+        finally:
+            running.terminate()
+            running.wait()
+
+    def wait_for(self, condition):
+        for _ in range(200):
+            if condition():
+                return
+            time.sleep(0.05)
+        self.fail("it did not come")
+
+
+@unittest.skipIf(IS_WINDOWS, "there is always a display on Windows")
+class PreviewWithoutDisplay(unittest.TestCase):
+    def test_pictures_need_no_display(self):
+        machine = Machine()
+        self.addCleanup(machine.close)
+        for name in ("DISPLAY", "WAYLAND_DISPLAY"):
+            machine.environment.pop(name, None)
+        with tempfile.TemporaryDirectory() as folder:
+            picture = Path(folder) / "picture.png"
+            ended = machine.run(PROGRAMS / "nui_preview", SAMPLES / "no_window.json", "--png",
+                                picture)
+            self.assertEqual((ended.returncode, ended.stderr), (0, ""))
+            self.assertEqual(Picture(picture).at(20, 20), "#5B8DB8")

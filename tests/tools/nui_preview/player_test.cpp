@@ -1,0 +1,124 @@
+#include "tools/nui_preview/player.h"
+
+#include "nui/engine/engine.h"
+#include "nui/events/dispatch.h"
+#include "nui/widgets/screen.h"
+#include "support/nui/event_log.h"
+#include "support/nui/layout.h"
+#include "support/nui/running_toolkit.h"
+#include "support/temp_folder.h"
+#include "tools/nui_preview/host_path.h"
+
+#include <SDL2/SDL.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace nrd::tools::preview;
+
+class player_test : public testing::Test {
+protected:
+    player_test()
+    {
+        screen = toolkit.open(
+            "{'widgets': [{'id': 'screen', 'name': 'screen', 'class': 'Screen',"
+            "'windowWidth': 200, 'windowHeight': 120, 'borderless': true, 'layout': 'Horizontal',"
+            "'children': [{'name': 'left', 'class': 'Widget'},"
+            "{'id': 'right_id', 'class': 'Widget'},"
+            "{'name': 'holder', 'class': 'Container', 'width': 0, 'children': ["
+            "{'name': 'one', 'class': 'Widget'},"
+            "{'name': 'two', 'class': 'Widget', 'visibility': 'Collapsed'}]}]}]}");
+        left = screen->findByName("left");
+        log.listen(*left);
+    }
+
+    /// What the left widget heard of it, or the fault.
+    std::string played(const std::string& script)
+    {
+        try {
+            player(input).play(parse_play_script(script));
+        } catch (const script_error& error) {
+            return "line " + std::to_string(error.line) + ": " + error.what();
+        }
+        return log.takeWithoutHover();
+    }
+
+    nui::test::RunningToolkit toolkit;
+    std::shared_ptr<nui::Screen> screen;
+    nui::Widget* left = nullptr;
+    nui::test::EventLog log;
+    virtual_input input;
+};
+
+TEST_F(player_test, a_click_is_a_press_and_a_release_in_the_middle_of_the_widget)
+{
+    EXPECT_EQ(played("click left"), "TOUC left 1\nZOUC left 1\nclick left 1\n");
+    EXPECT_EQ(nui::engine().pointer.x(), 50);
+    EXPECT_EQ(nui::engine().pointer.y(), 60);
+    EXPECT_EQ(played("click right_id"), "");
+    EXPECT_EQ(nui::engine().pointer.x(), 150);
+}
+
+TEST_F(player_test, clicks_in_quick_succession_at_one_place_are_double)
+{
+    const std::string click = "TOUC left 1\nZOUC left 1\nclick left 1\n";
+    const std::string second = "TOUC left 1\nZOUC left 1\ndouble left 1\nclick left 1\n";
+    EXPECT_EQ(played("click left\nclick left"), click + second);
+    EXPECT_EQ(played("wait 0.6\nclick left\nwait 0.6\nclick left"), click + click);
+    EXPECT_EQ(played("wait 0.6\nmove 10 10\npress\nrelease\nmove 10 60\npress\nrelease"),
+              click + click);
+}
+
+TEST_F(player_test, keys_and_texts_come_to_the_widget_that_has_the_focus)
+{
+    EXPECT_EQ(played("focus left"), "KEYB left 1\n");
+    EXPECT_EQ(played("key a ctrl"), "MEYB left 1\nNEYB left 1\n");
+    std::string heard;
+    subscribe(
+        *left, nui::text::Committed,
+        [](nui::WidgetEvent& event) {
+            *static_cast<std::string*>(event.user) +=
+                "[" + static_cast<nui::TextEvent&>(event).text + "]";
+        },
+        &heard);
+    const std::string text = "a text of more bytes than an event of SDL's can hold";
+    played("type ab c\ntype " + text);
+    EXPECT_EQ(heard, "[ab c][" + text + "]");
+}
+
+TEST_F(player_test, a_page_comes_to_the_front_of_its_siblings)
+{
+    played("show two");
+    EXPECT_FALSE(screen->findByName("one")->isDrawn());
+    EXPECT_TRUE(screen->findByName("two")->isDrawn());
+    EXPECT_TRUE(left->isDrawn());
+}
+
+TEST_F(player_test, the_users_own_pointer_is_not_heard)
+{
+    SDL_Event event = {};
+    event.motion.type = SDL_MOUSEMOTION;
+    event.motion.windowID = screen->windowId();
+    event.motion.x = 33;
+    played("move 5 6");
+    SDL_PushEvent(&event);
+    played("wait 0.1");
+    EXPECT_EQ(nui::engine().pointer.x(), 5);
+}
+
+TEST_F(player_test, what_cannot_be_played_is_told_with_its_line)
+{
+    EXPECT_EQ(played("click left\nfocus nobody"), "line 2: There is no widget \"nobody\".");
+    EXPECT_EQ(played("click two"), "line 1: The widget \"two\" is not on the screen.");
+    EXPECT_EQ(played("show nobody"), "line 1: There is no page \"nobody\".");
+}
+
+TEST_F(player_test, quit_ends_the_script_and_what_was_written_before_stays)
+{
+    const nrd::test::temp_folder folder;
+    const std::string tree = nui::test::hostPath(folder / "a tree.json");
+    played("tree " + tree + "\nquit\nclick nobody");
+    EXPECT_NE(read_file(tree).find("\"right_id\""), std::string::npos);
+}
+
+} // namespace
