@@ -41,6 +41,18 @@ TEST_F(layout_fault_test, includes_are_told_where_they_are_named_and_their_fault
               "main.json:2:18: \"include\" must be a list of texts\n");
 }
 
+TEST_F(layout_fault_test, includes_in_a_circle_and_endless_nesting_are_told_and_end)
+{
+    folder.write("part.json", "{'include': ['main.json'], 'constants': {'ink': '#123456'}}");
+    EXPECT_EQ(faults("{'include': ['part.json'], 'widgets': []}"),
+              "main.json:1:14: the included file \"part.json\" includes this one\n");
+    std::string nested = "{'class': 'Widget'}";
+    for (int depth = 0; depth < 250; ++depth)
+        nested = "{'class': 'Container', 'children': [" + nested + "]}";
+    EXPECT_NE(faults("{'widgets': [" + nested + "]}").find("nested more than 200 deep"),
+              std::string::npos);
+}
+
 TEST_F(layout_fault_test, names_that_nobody_knows_are_told)
 {
     EXPECT_EQ(faults("{'widgets': [\n"

@@ -17,6 +17,10 @@ std::string whatIsWrong(const LayoutFault& fault)
         return "the file cannot be opened";
     case MissingInclude:
         return "the included file " + quoted(fault.detail) + " cannot be opened";
+    case CircularInclude:
+        return "the included file " + quoted(fault.detail) + " includes this one";
+    case TooDeep:
+        return "widgets are nested more than " + fault.detail + " deep";
     case Syntax:
         return "this is no JSON: " + fault.detail;
     case NotAnObject:

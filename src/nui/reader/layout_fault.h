@@ -11,6 +11,8 @@ struct LayoutFault {
     enum class Kind {
         MissingFile,
         MissingInclude,
+        CircularInclude,
+        TooDeep, ///< the detail is how deep widgets may be
         Syntax,
         NotAnObject,
         ConfigWithoutResources,

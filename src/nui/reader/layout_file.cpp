@@ -98,8 +98,8 @@ bool LayoutFile::read(const Json& root)
     forEach(root, "menus", &LayoutFile::readMenu);
     forEach(root, "templates", &LayoutFile::readTemplate);
     forEach(root, "widgets", &LayoutFile::readWidget);
-    if (moduleInit_ != nullptr)
-        moduleInit_->init(pack_, target_ == nullptr ? pack_.widgets : *target_);
+    if (auto* const init = dynamic_cast<ModuleInit*>(moduleInit_.get()))
+        init->init(pack_, target_ == nullptr ? pack_.widgets : *target_);
     return true;
 }
 
@@ -117,8 +117,14 @@ void LayoutFile::include(const std::string& name, const Json& at)
 {
     auto known = cache_.find(name);
     if (known == cache_.end()) {
+        const std::string path = joinPath(engine().basePath, name);
+        if (!loader_.loading_.insert(path).second) {
+            report(Fault::CircularInclude, at, "include", name);
+            return;
+        }
         WidgetPack included;
         const Outcome outcome = LayoutFile(loader_, included, cache_, nullptr).load(name);
+        loader_.loading_.erase(path);
         if (outcome == Outcome::Missing)
             report(Fault::MissingInclude, at, "include", name);
         if (outcome != Outcome::Loaded)
@@ -197,8 +203,8 @@ void LayoutFile::readWidget(const Json& item)
     if (target_ != nullptr)
         target_->insert_or_assign(widget->id, widget);
     pack_.widgets.insert_or_assign(LastBuilt, widget);
-    if (auto* const init = dynamic_cast<ModuleInit*>(widget.get()))
-        moduleInit_ = init;
+    if (dynamic_cast<ModuleInit*>(widget.get()) != nullptr)
+        moduleInit_ = widget;
 }
 
 std::string LayoutFile::freeName()

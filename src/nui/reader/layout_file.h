@@ -50,7 +50,7 @@ private:
     WidgetPack& pack_;
     IncludeCache& cache_;
     WidgetMap* target_;
-    ModuleInit* moduleInit_ = nullptr;
+    WidgetPtr moduleInit_;                           ///< held, as a later widget may take its id
     std::unique_ptr<LayoutDiagnostics> diagnostics_; ///< null while nobody listens
 };
 

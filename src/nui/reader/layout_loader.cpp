@@ -49,6 +49,10 @@ bool LayoutLoader::loadFile(IncludeCache& cache, WidgetMap* target)
 
 WidgetPtr LayoutLoader::build(NuiReader& reader, Widget* parent)
 {
+    if (depth_ == MaxDepth) {
+        reader.reportFault(LayoutFault::Kind::TooDeep, std::to_string(MaxDepth), nullptr);
+        return nullptr;
+    }
     const char* const className = reader.className();
     const WidgetPtr source = reader.templateWidget();
     WidgetPtr widget = make(className, source);
@@ -60,7 +64,9 @@ WidgetPtr LayoutLoader::build(NuiReader& reader, Widget* parent)
         return nullptr;
     }
     widget->parent = parent;
+    ++depth_;
     widget->read(reader);
+    --depth_;
     if (source) {
         if (widget->stateTemplates)
             widget->stateTemplates->normal = source;

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -49,6 +50,9 @@ public:
     friend class LayoutFile;
 
 private:
+    /// How deep widgets may be nested. No layout comes near it: each level doubles the time.
+    static constexpr int MaxDepth = 200;
+
     [[nodiscard]] static WidgetPtr make(const char* className, const WidgetPtr& source);
     bool loadFile(IncludeCache& cache, WidgetMap* target);
 
@@ -61,6 +65,8 @@ private:
     WidgetPack pack_;
     IncludeCache reloadCache_;
     FaultListener faultListener_;
+    std::set<std::string> loading_; ///< paths of the included files that are being read
+    int depth_ = 0;                 ///< of the widget that is being built
 };
 
 } // namespace nui
