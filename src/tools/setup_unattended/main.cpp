@@ -6,6 +6,7 @@
 
 int main(int argc, char* argv[])
 {
+    nrd::tools::outlive_readers();
     const auto terminal = nrd::tools::use_utf8_terminal();
     nrd::tools::unattended_run run(std::vector<std::string>(argv, argv + argc), std::cout,
                                    std::cerr);

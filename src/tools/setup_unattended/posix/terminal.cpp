@@ -1,5 +1,6 @@
 #include "tools/setup_unattended/terminal.h"
 
+#include <csignal>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -18,6 +19,11 @@ std::size_t terminal_width()
 std::shared_ptr<void> use_utf8_terminal()
 {
     return nullptr; // terminals here take both as they are
+}
+
+void outlive_readers()
+{
+    std::signal(SIGPIPE, SIG_IGN);
 }
 
 } // namespace nrd::tools

@@ -36,4 +36,9 @@ std::shared_ptr<void> use_utf8_terminal()
             }};
 }
 
+void outlive_readers()
+{
+    // Windows answers such writing with an error and nothing more.
+}
+
 } // namespace nrd::tools
