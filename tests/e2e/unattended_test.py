@@ -1,6 +1,7 @@
 """setup_unattended from outside: what it leaves on the machine, and how it tells what went wrong."""
 
 import json
+import os
 import shutil
 import subprocess
 import unittest
@@ -107,6 +108,31 @@ class Installs(MachineTest):
         self.assertEqual(len(list(logs.iterdir())), 1)
 
 
+    def test_a_folder_of_the_user_counts_from_the_current_directory(self):
+        self.package.add(0, install_xml())
+        ended = subprocess.run(
+            self.machine.command(self.package.unattended, "--quiet", "--path", "here\\Trial"),
+            env=self.machine.environment, cwd=self.machine.drive, check=False, timeout=120,
+            stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.assertEqual(ended.returncode, 0)
+        self.assertEqual(self.machine.files("here/Trial"), INSTALLED)
+        self.assertRegex(self.machine.uninstall_values("Trial")["InstallLocation"],
+                         r'^"[A-Z]:\\(.*\\)?here\\Trial\\"$')
+
+    def test_progress_counts_what_this_machine_is_given(self):
+        self.package.add(0, install_xml(packages=FOUR_PACKAGES + """
+            <package os="linux" bits="all"><filesets>
+              <fileset in="${WORD}/deep" out="${APP_INSTALL_PATH}a"/>
+              <fileset in="files/folder" out="${Adobe Illustrator 2099 64}"/>
+              <fileset in="files/folder" out="C:\\no\\x" create_folders="false"/></filesets></package>
+            <package os="win" bits="32"><filesets>
+              <fileset in="files/folder" out="${APP_INSTALL_PATH}b"/></filesets></package>""",
+            variables=VARS | {"WORD": "files/folder"}))
+        ended = self.run_unattended()
+        self.assertEqual([line.split()[0] for line in ended.stdout.splitlines()[:-1]],
+                         [f"[{n}/5]" for n in range(1, 6)])
+
+
 class Plans(MachineTest):
     def test_a_plan_changes_nothing_and_an_install_does_just_what_it_says(self):
         self.package.add(0, install_xml(rest='<registry><key path="SOFTWARE\\Trial" name="a" '
@@ -198,6 +224,47 @@ class Failures(MachineTest):
             self.expect(5, f'"{folder}"', args=("--path", folder))
         self.assertEqual(self.run_unattended("--path", windows + "\\x").returncode, 0)
 
+    def test_a_folder_that_would_become_another_one_is_refused(self):
+        self.package.add(0, install_xml())
+        for folder in ("C:\\a$&b", "C:\\${APP_NAME}", "C:\\a}b"):
+            self.expect(5, f'"{folder}"', "variable", args=("--path", folder))
+        self.expect(5, "no full path on a drive", args=("--path", "\\\\server\\share\\x"))
+        self.expect(5, '".."', args=("--path", "C:\\x\\.."))
+        self.package.add(0, install_xml(VARS | {"APP_INSTALL_PATH": "${UNKNOWN}\\x"}))
+        self.expect(5, '"${UNKNOWN}\\x"')
+        self.package.add(0, install_xml(VARS | {"APP_INSTALL_PATH": "x"}))
+        self.expect(5, '"x"', "no full path on a drive")
+
+    def test_what_a_package_lacks_is_told_before_an_older_installation_is_touched(self):
+        self.package.add(0, install_xml())
+        self.assertEqual(self.run_unattended().returncode, 0)
+        folders = sorted(self.machine.drive.glob("Program Files/*"))
+        more = {"m.txt": "more"}
+        for without in ("APP_VERSION", "PUBLISHER"):
+            self.package.add(1, install_xml({name: value for name, value in VARS.items()
+                                             if name != without}, ""), more)
+            self.expect(1, "1\\product\\install.xml", f"Var not found: {without}")
+        self.package.add(1, install_xml(packages="", rest='<shortcuts><shortcut location="C:\\x" '
+                                                          'destination="x"/></shortcuts>'), more)
+        self.expect(1, "1\\product\\install.xml", "A shortcut needs a package")
+        self.assertEqual(sorted(self.machine.drive.glob("Program Files/*")), folders)
+        self.assertEqual(self.machine.files(TARGET), INSTALLED)
+
+    def test_an_installation_goes_on_when_nobody_reads_its_output(self):
+        self.package.add(0, install_xml())
+        self.assertEqual(self.run_unattended("--quiet").returncode, 0)
+        for args, code in ((), 0), (("--plan",), 1):
+            reader, writer = os.pipe()
+            os.close(reader)
+            ended = subprocess.run(self.machine.command(self.package.unattended, *args),
+                                   env=self.machine.environment, check=False, stdout=writer,
+                                   stdin=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=120)
+            os.close(writer)
+            self.assertEqual(ended.returncode, code)
+        self.assertEqual(self.machine.files(TARGET), INSTALLED)
+        self.assertEqual([folder.name for folder in self.machine.drive.glob("Program Files/Trial*")],
+                         ["Trial"])
+
     def test_a_running_program_blocks(self):
         self.package.add(0, install_xml(rest='<block_processes><p name="Blocking" os="win"/>'
                                              '<p name="Other.exe" os="all"/></block_processes>'))
@@ -241,6 +308,18 @@ class Failures(MachineTest):
         (folder / "files" / "last.txt").unlink()
         self.expect(4, "files\\last.txt", "put back", args=("--quiet",))
         self.assertEqual(self.machine.files(TARGET), before)
+
+    @unittest.skipIf(IS_WINDOWS, "only a machine folder can be told that a file is in use")
+    def test_an_older_installation_that_cannot_be_moved_is_not_said_to_be_put_back(self):
+        self.package.add(0, install_xml())
+        self.assertEqual(self.run_unattended().returncode, 0)
+        facts = {"locked": ["C:\\Program Files\\Trial\\last.txt"]}
+        (self.machine.folder / "machine.json").write_text(json.dumps(facts))
+        text, plan = self.plan()
+        self.assertIn("cannot be moved aside", text)
+        self.assertFalse(plan["plan"]["specs"][0]["back_up"])
+        ended = self.expect(4, "last.txt", "may be damaged", args=("--quiet",))
+        self.assertNotIn("put back", ended.stderr)
 
     def test_a_target_that_cannot_be_written_is_named(self):
         self.package.add(0, install_xml())

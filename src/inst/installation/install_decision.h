@@ -32,7 +32,8 @@ struct fileset_decision {
 /// How the install folder was made ready.
 struct staging_decision {
     misc::path install_path;
-    std::optional<misc::path> backup_path{}; ///< where an older folder was put
+    std::optional<misc::path> backup_path{}; ///< where an older folder was to go
+    bool moved_aside = false;                ///< it went there; otherwise it is installed over
 };
 
 /// One that is not for this system stands as it was written.

@@ -197,6 +197,13 @@ text32 substitute_vars(std::u32string_view text, const variable_lookup& lookup)
     return misc::unescape_expansion(current);
 }
 
+bool is_taken_as_written(std::u32string_view value)
+{
+    // A "}" would end the search for the placeholders behind it.
+    return value.find(U'}') == value.npos && value.find(opening) == value.npos &&
+           !has_format_escape(value) && misc::unescape_expansion(value) == value;
+}
+
 text32 normalise_separators(std::u32string_view text)
 {
     const auto is_separator = [](char32_t c) { return c == U'/' || c == U'\\'; };

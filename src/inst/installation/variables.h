@@ -24,6 +24,10 @@ text32 first_var_name(std::u32string_view text);
 /// std::regex_error.
 text32 substitute_vars(std::u32string_view text, const variable_lookup& lookup);
 
+/// Whether a variable of this value brings it into a text unchanged, and leaves the text's other
+/// placeholders alone.
+bool is_taken_as_written(std::u32string_view value);
+
 /// Every separator becomes a backslash, and each pair of them becomes one: three keep two, and a
 /// network path loses one of its two.
 text32 normalise_separators(std::u32string_view text);

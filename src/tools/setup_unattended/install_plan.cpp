@@ -55,7 +55,8 @@ private:
     void add(const installation::staging_decision& each)
     {
         plan_.install_path = each.install_path;
-        plan_.backs_up = each.backup_path.has_value();
+        plan_.backs_up = each.moved_aside;
+        plan_.installs_over = each.backup_path && !each.moved_aside;
     }
 
     void add(const installation::shortcut_decision& each) { plan_.shortcuts.push_back(each); }

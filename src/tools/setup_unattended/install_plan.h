@@ -29,7 +29,8 @@ struct spec_plan {
     std::string app_name;         ///< UTF-8
     bool already_installed = false;
     misc::path install_path;
-    bool backs_up = false; ///< an older folder is moved aside first
+    bool backs_up = false;      ///< an older folder is moved aside first
+    bool installs_over = false; ///< an older folder cannot be moved aside
     std::vector<planned_package> packages;
     std::vector<misc::path> new_folders;
     std::vector<misc::path> written_files; ///< made by the installer itself

@@ -91,6 +91,7 @@ json to_json(const spec_plan& plan)
             {"install_path", to_utf8(plan.install_path)},
             {"already_installed", plan.already_installed},
             {"back_up", plan.backs_up},
+            {"installs_over", plan.installs_over},
             {"packages", packages},
             {"new_folders", texts(plan.new_folders)},
             {"written_files", texts(plan.written_files)},

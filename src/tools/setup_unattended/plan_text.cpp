@@ -151,7 +151,9 @@ void print_spec(const spec_plan& plan, std::ostream& out)
     out << "  already installed:  " << (plan.already_installed ? "yes" : "no") << '\n';
     out << "  back-up:            "
         << (plan.backs_up ? "yes, the older folder is moved aside until the end"
-                          : "no, there is no older installation in the install folder")
+            : plan.installs_over
+                ? "no, the older folder cannot be moved aside and is installed over"
+                : "no, there is no older installation in the install folder")
         << '\n';
     print_packages(plan, out);
     print_folders(plan, out);

@@ -26,7 +26,7 @@ private:
     std::ostream& out_;
     std::size_t width_;
     bool quiet_;
-    std::size_t total_; ///< an estimate: packages for other word sizes are counted in it
+    std::size_t total_; ///< an estimate: the run may find folders that it has made itself
     std::size_t done_ = 0;
 };
 

@@ -17,7 +17,7 @@ void run_observer::decided(const installation::install_decision& decision)
     if (const auto* failure = std::get_if<installation::failure_decision>(&decision)) {
         failure_ = *failure;
     } else if (const auto* staging = std::get_if<installation::staging_decision>(&decision)) {
-        backup_path_ = staging->backup_path;
+        staging_ = *staging;
     } else if (const auto* refused = std::get_if<installation::refused_key_decision>(&decision)) {
         const std::string key = misc::to_utf8(refused->key);
         if (std::find(refused_keys_.begin(), refused_keys_.end(), key) == refused_keys_.end()) {

@@ -23,15 +23,16 @@ public:
     {
         return failure_;
     }
-    /// Where an older installation was put, if there was one.
-    [[nodiscard]] const std::optional<misc::path>& backup_path() const { return backup_path_; }
+    /// What became of an older installation that was to be moved aside, if there was one; nothing
+    /// has a backup_path in it until then.
+    [[nodiscard]] const installation::staging_decision& staging() const { return staging_; }
     /// Registry keys that were refused, so that what was for them is missing; each once.
     [[nodiscard]] const std::vector<std::string>& refused_keys() const { return refused_keys_; }
 
 private:
     progress& progress_;
     std::optional<installation::failure_decision> failure_;
-    std::optional<misc::path> backup_path_;
+    installation::staging_decision staging_;
     std::vector<std::string> refused_keys_; // UTF-8
 };
 

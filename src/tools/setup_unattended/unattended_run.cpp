@@ -1,10 +1,10 @@
 #include "tools/setup_unattended/unattended_run.h"
 
-#include "inst/installation/install_path.h"
 #include "inst/installation/install_utils.h"
 #include "inst/installer/core/install.h"
 #include "misc/file_system.h"
 #include "streams/streams.h"
+#include "tools/setup_unattended/install_folder.h"
 #include "tools/setup_unattended/install_plan.h"
 #include "tools/setup_unattended/plan_json.h"
 #include "tools/setup_unattended/plan_text.h"
@@ -48,6 +48,20 @@ std::string join(const std::vector<std::string>& names)
         text += (text.empty() ? "" : ", ") + name;
     }
     return text;
+}
+
+/// What a failed run has left of the installation before it: a clause, as the machine is now.
+std::string fate_of_older(const installation::staging_decision& staging)
+{
+    if (!staging.backup_path) {
+        return "; what was copied before stays";
+    }
+    if (!staging.moved_aside) {
+        return "; the older installation could not be moved aside and may be damaged";
+    }
+    return misc::missing(*staging.backup_path)
+               ? "; the older installation was put back"
+               : "; the older installation was left in " + to_utf8(*staging.backup_path);
 }
 
 } // namespace
@@ -126,13 +140,18 @@ exit_code unattended_run::start_up()
                         "There is no install.xml in the package " + to_utf8(startup_.package_root));
         }
     } catch (const std::exception& error) {
+        if (startup_.package_root.empty()) {
+            return fail(exit_code::not_configured, "The start-up failed: " + reason_of(error));
+        }
         // A spec is there as soon as its file is imported; when all are, the first is completed.
         const std::size_t imported = startup_.specs.size();
         const std::size_t faulty = imported < startup_.xml_paths.size() ? imported : 0;
+        const char* const failed = imported < startup_.xml_paths.size()
+                                       ? " cannot be used: "
+                                       : " cannot be set up for this machine: ";
         return fail(exit_code::not_configured,
-                    startup_.xml_errors.empty()
-                        ? package_text(faulty) + " cannot be used: " + reason_of(error)
-                        : text_of(startup_.xml_errors.front()));
+                    startup_.xml_errors.empty() ? package_text(faulty) + failed + reason_of(error)
+                                                : text_of(startup_.xml_errors.front()));
     }
     // An install.xml behind the first may be malformed and yet go unnoticed so far.
     return startup_.xml_errors.empty()
@@ -146,15 +165,15 @@ exit_code unattended_run::set_install_path()
     try {
         install_path_ =
             options_.path ? *options_.path : startup_.specs.front().var_value(U"APP_INSTALL_PATH");
-        if (!installation::is_valid_install_path(
-                misc::to_path(std::u32string_view(install_path_)))) {
-            return fail(exit_code::path_refused, "The folder \"" + to_utf8(install_path_) +
-                                                     "\" cannot be an install folder");
-        }
-        install_path_ = installation::normalise_install_path(install_path_);
+        install_path_ = options_.path ? settle_typed_install_folder(install_path_)
+                                      : settle_install_folder(install_path_);
         for (; position < startup_.specs.size(); ++position) {
             startup_.specs[position].set_var(U"APP_INSTALL_PATH", install_path_);
+            installer::core::check_spec(startup_.specs[position]);
         }
+    } catch (const folder_refused& refused) {
+        return fail(exit_code::path_refused, "The folder \"" + to_utf8(install_path_) +
+                                                 "\" cannot be an install folder" + refused.what());
     } catch (const std::exception& error) {
         return fail(exit_code::not_configured,
                     package_text(position) + " cannot be used: " + reason_of(error));
@@ -178,7 +197,7 @@ std::size_t unattended_run::count_all_files() const
     std::size_t total = 0;
     for (const installation::spec& each : startup_.specs) {
         const misc::scoped_current_path folder(each.working_directory);
-        total += installation::count_files(each.packages, "win");
+        total += installation::count_files(installer::core::packages_to_copy(each), "all");
     }
     return total;
 }
@@ -216,10 +235,9 @@ bool unattended_run::install_spec(const installation::spec& s, progress& shown)
         finished = installer::core::install(s, observer);
     } catch (const std::exception& error) {
         shown.end();
-        const std::string aside = observer.backup_path() ? "; the older installation was left in " +
-                                                               to_utf8(*observer.backup_path())
-                                                         : "";
-        throw std::runtime_error(reason_of(error) + aside);
+        const bool had_older = observer.staging().backup_path.has_value();
+        throw std::runtime_error(reason_of(error) +
+                                 (had_older ? fate_of_older(observer.staging()) : ""));
     }
     shown.end();
     if (finished) {
@@ -232,9 +250,8 @@ bool unattended_run::install_spec(const installation::spec& s, progress& shown)
     const std::optional<installation::failure_decision>& failure = observer.failure();
     const std::string cause =
         failure ? to_utf8(failure->where) + ": " + failure->reason : "the engine gave no reason";
-    const std::string after = observer.backup_path() ? "; the older installation was put back"
-                                                     : "; what was copied before stays";
-    fail(exit_code::install_failed, "The installation failed at " + cause + after);
+    fail(exit_code::install_failed,
+         "The installation failed at " + cause + fate_of_older(observer.staging()));
     return false;
 }
 
@@ -245,6 +262,10 @@ exit_code unattended_run::plan(const misc::planned_changes& changes)
         json_["plan"] = plan_to_json(made);
         if (!options_.quiet) {
             print_plan(made, out_);
+            out_.flush();
+        }
+        if (!out_) {
+            return fail(exit_code::not_configured, "The plan could not be printed to its end");
         }
     } catch (const std::exception& error) {
         return fail(exit_code::install_failed, "An installation would fail: " + reason_of(error));

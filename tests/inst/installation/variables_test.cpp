@@ -76,6 +76,23 @@ TEST(variables, no_variable_is_looked_up_for_a_text_without_placeholders)
     EXPECT_EQ(substitute_vars(U"C:\\a {b} $c", lookup_in({}, 0)), U"C:\\a {b} $c");
 }
 
+/// What is taken as it is written leaves also a placeholder behind it alone.
+TEST(variables, values_that_change_when_they_are_inserted_are_known)
+{
+    for (const char32_t* value : {U"C:\\a", U"C:\\$a{b", U"$", U"${W}", U"a}b", U"$&", U"$$", U"$1",
+                                  U"$`", U"~~dollar~~", U"~~ocb~~"}) {
+        const text32 expected = text32(value) + U"|1";
+        std::map<text32, text32> known{{U"V", value}, {U"W", U"1"}};
+        const auto lookup = [&](const text32& name, const text32& fallback) {
+            const auto found = known.find(name);
+            return found == known.end() ? fallback : found->second;
+        };
+        const bool ends = text32(value).find(U"$&") == text32::npos;
+        const bool unchanged = ends && substitute_vars(U"${V}|${W}", lookup) == expected;
+        EXPECT_EQ(is_taken_as_written(value), unchanged) << misc::to_utf8(text32(value));
+    }
+}
+
 TEST(variables, separators_are_normalised_as_by_three_passes)
 {
     EXPECT_EQ(normalise_separators(U"C:/a//b\\c"), U"C:\\a\\b\\c");

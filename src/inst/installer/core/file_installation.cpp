@@ -22,14 +22,10 @@ using misc::to_utf8;
 
 namespace {
 
-package_verdict judge(const package& pack)
+/// True for a fileset that is only for those who have the folder that it goes to.
+bool lacks_folder(const fileset& f, const misc::path& out)
 {
-    if (pack.os == "mac") {
-        return package_verdict::other_system;
-    }
-    const std::string own_bits = misc::is_64bit_windows() ? "64" : "32";
-    return pack.bits == own_bits || pack.bits == "all" ? package_verdict::installed
-                                                       : package_verdict::other_word_size;
+    return f.create_folders() == U"false" && misc::missing(out.parent_path());
 }
 
 /// What the log says of the two ways in which one step can fail.
@@ -110,12 +106,34 @@ void ask(installer_observer& observer, const installation::install_event& event,
 
 } // namespace
 
+package_verdict judge_package(const package& pack)
+{
+    if (pack.os == "mac") {
+        return package_verdict::other_system;
+    }
+    const std::string own_bits = misc::is_64bit_windows() ? "64" : "32";
+    return pack.bits == own_bits || pack.bits == "all" ? package_verdict::installed
+                                                       : package_verdict::other_word_size;
+}
+
+std::vector<fileset> filesets_to_copy(const package& pack, const spec& s)
+{
+    std::vector<fileset> filesets;
+    for (const fileset& f : pack.filesets) {
+        const misc::path out = to_path(std::u32string_view(s.expand(f.out())));
+        if (!out.empty() && !lacks_folder(f, out)) {
+            filesets.emplace_back(s.expand(f.in()), to_text32(out), f.create_folders());
+        }
+    }
+    return filesets;
+}
+
 void install_packs(const std::vector<package>& packages, const spec& s,
                    installer_observer& observer)
 {
     installer_log("Install packs start.");
     for (const package& pack : packages) {
-        const package_verdict verdict = judge(pack);
+        const package_verdict verdict = judge_package(pack);
         observer.decided(installation::package_decision{pack.name, pack.os, pack.bits, verdict});
         if (verdict == package_verdict::installed) {
             install_pack(pack, s, observer);
@@ -151,7 +169,7 @@ void install_file(const fileset& f, const spec& s, installer_observer& observer)
         decided(fileset_verdict::no_destination);
         return;
     }
-    if (f.create_folders() == U"false" && misc::missing(out.parent_path())) {
+    if (lacks_folder(f, out)) {
         installer_log("Folder does not exist.");
         decided(fileset_verdict::parent_missing);
         return;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "inst/installation/install_decision.h"
 #include "inst/installation/installer_observer.h"
 #include "inst/installation/spec.h"
 #include "misc/path.h"
@@ -11,6 +12,12 @@
 // cannot be read, are the observer's to decide.
 
 namespace nrd::installer::core {
+
+installation::package_verdict judge_package(const installation::package& pack);
+
+/// The filesets, expanded, that install_file() does not pass over as things stand now.
+std::vector<installation::fileset> filesets_to_copy(const installation::package& pack,
+                                                    const installation::spec& s);
 
 void install_packs(const std::vector<installation::package>& packages, const installation::spec& s,
                    installation::installer_observer& observer);

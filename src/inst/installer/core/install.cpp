@@ -7,10 +7,12 @@
 #include "inst/installer/core/registry_records.h"
 #include "inst/installer/core/staging.h"
 #include "inst/installer/core/uninstall_data.h"
+#include "misc/file_system.h"
 #include "misc/known_folders.h"
 #include "misc/shell.h"
 #include "streams/installer_log.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace nrd::installer::core {
@@ -31,11 +33,21 @@ void configure_paths(spec& local)
     local.ensure_var(U"START_MENU", to_text32(misc::get_common_programs_folder()));
 }
 
+bool is_for_this_system(const shortcut& each)
+{
+    return each.os == U"win" || each.os == U"all";
+}
+
+[[noreturn]] void throw_no_package()
+{
+    throw std::out_of_range("A shortcut needs a package, and the install.xml has none");
+}
+
 /// Makes the links, and adds each to `uninstall` so that it is removed again.
 void create_shortcuts(const spec& work, spec& uninstall, installer_observer& observer)
 {
     for (const shortcut& each : work.shortcuts) {
-        if (each.os != U"win" && each.os != U"all") {
+        if (!is_for_this_system(each)) {
             observer.decided(
                 installation::shortcut_decision{each.location, each.destination, false});
             continue;
@@ -46,7 +58,7 @@ void create_shortcuts(const spec& work, spec& uninstall, installer_observer& obs
         const text32 link = misc::create_shortcut(location, destination);
         // A link that could not be made leaves a record too, with an empty `out`.
         if (uninstall.packages.empty()) {
-            throw std::out_of_range("A shortcut needs a package, and the install.xml has none");
+            throw_no_package();
         }
         uninstall.packages.front().filesets.emplace_back(destination, link, text32());
     }
@@ -89,6 +101,27 @@ void install_paths(const spec& local, const install_directory& dir, installer_ob
 
 } // namespace
 
+void check_spec(const spec& s)
+{
+    spec work = s;
+    add_uninstall_keys(work, misc::path());
+    if (work.packages.empty() &&
+        std::any_of(work.shortcuts.begin(), work.shortcuts.end(), is_for_this_system)) {
+        throw_no_package();
+    }
+}
+
+std::vector<installation::package> packages_to_copy(const spec& s)
+{
+    std::vector<installation::package> packages;
+    for (const installation::package& pack : s.packages) {
+        if (judge_package(pack) == installation::package_verdict::installed) {
+            packages.push_back({pack.name, "all", pack.bits, filesets_to_copy(pack, s)});
+        }
+    }
+    return packages;
+}
+
 bool install(const spec& s, installer_observer& observer)
 {
     installer_log("Start of install.");
@@ -97,7 +130,9 @@ bool install(const spec& s, installer_observer& observer)
     install_directory dir;
     try {
         dir = setup_install_directory(local);
-        observer.decided(installation::staging_decision{dir.install_path, dir.backup_path});
+        observer.decided(
+            installation::staging_decision{dir.install_path, dir.backup_path,
+                                           dir.backup_path && !misc::missing(*dir.backup_path)});
         install_paths(local, dir, observer);
     } catch (const install_error& e) {
         installer_log(std::string("Failed, install_error: ") + e.what());

@@ -3,7 +3,17 @@
 #include "inst/installation/installer_observer.h"
 #include "inst/installation/spec.h"
 
+#include <vector>
+
 namespace nrd::installer::core {
+
+/// Throws what install() would throw for a variable or a package that `s` lacks, before anything is
+/// changed.
+void check_spec(const installation::spec& s);
+
+/// The packages that install() copies on this machine, with their filesets expanded and without
+/// those that it passes over. Folders that the run itself is going to make are not foreseen.
+std::vector<installation::package> packages_to_copy(const installation::spec& s);
 
 /// Carries `s` out: stages the install folder, copies the packages, writes shortcuts, uninstall
 /// data, registry values and the path index. `s` itself is not changed. Runs on the caller's
