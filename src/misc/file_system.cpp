@@ -238,6 +238,9 @@ error_code foreseen_refusal(const path& p, file_type made)
     bool is_itself = true;
     for (path place = whole; !place.empty(); place = place.parent_path(), is_itself = false) {
         if (missing(place)) {
+            if (const error_code ec = name_refusal(place)) {
+                return ec;
+            }
             continue;
         }
         // What the plan itself has put there needs no one's permission.

@@ -34,6 +34,8 @@ error_code overwrite_refusal(const path& p);
 
 // What the host would refuse a change for, asked without making it.
 
+/// Making something of this name, where nothing is.
+error_code name_refusal(const path& p);
 /// Of a file, replacing its content; of a folder, making something in it.
 error_code write_refusal(const path& p);
 /// Moving a file, or a folder with all that is in it, elsewhere.

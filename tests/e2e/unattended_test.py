@@ -176,6 +176,23 @@ class Plans(MachineTest):
                          ["C:\\Program Files\\Trial"])
         self.expect(4, "C:\\Program Files\\Trial", args=("--quiet",))
 
+    def test_a_plan_knows_what_can_bear_no_name_or_no_shortcut(self):
+        self.package.add(0, install_xml(rest="""
+            <shortcuts><shortcut location="C:\\made\\s" destination="x"/>
+            <shortcut location="C:\\no|name\\s" destination="x"/></shortcuts>"""))
+        text, plan = self.plan()
+        self.assertRegex(text, r"make +C:\\made\\s")
+        self.assertRegex(text, r"cannot be made +C:\\no\|name\\s")
+        self.assertEqual([each["made"] for each in plan["plan"]["specs"][0]["shortcuts"]],
+                         [True, False])
+        ended = self.run_unattended()
+        self.assertEqual((ended.returncode, ended.stderr.splitlines()[-1].split(" (")[0]),
+                         (0, "These shortcuts could not be made: C:\\no|name\\s"))
+        for name in ("a|b", "x" * 300):
+            ended = self.run_unattended("--plan", "--path", "C:\\" + name)
+            self.assertIn("An installation would stop at", ended.stdout)
+            self.expect(4, name, args=("--quiet", "--path", "C:\\" + name))
+
     def test_a_plan_tells_what_a_value_is_now_whatever_its_type(self):
         self.package.add(0, install_xml(rest='<registry><key path="SOFTWARE\\Trial" name="a" '
                                              'data="b"/></registry>'))

@@ -36,11 +36,13 @@ struct staging_decision {
     bool moved_aside = false;                ///< it went there; otherwise it is installed over
 };
 
-/// One that is not for this system stands as it was written.
+enum class shortcut_verdict { made, other_system, refused };
+
+/// One that is not for this system stands as it was written. A refused one does not end the run.
 struct shortcut_decision {
     misc::text32 location;
     misc::text32 destination;
-    bool for_this_system = true;
+    shortcut_verdict verdict = shortcut_verdict::made;
 };
 
 struct path_entry_decision {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <boost/filesystem/operations.hpp>
 #include <cerrno>
+#include <climits>
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
@@ -227,6 +228,13 @@ error_code overwrite_refusal(const path& p)
     const bool read_only = stat(to_host(p).c_str(), &facts) == 0 && S_ISREG(facts.st_mode) &&
                            (facts.st_mode & S_IWUSR) == 0;
     return read_only ? make_error_code(boost::system::errc::permission_denied) : change_refusal(p);
+}
+
+error_code name_refusal(const path& p)
+{
+    return to_host(p).filename().native().size() <= NAME_MAX
+               ? error_code()
+               : make_error_code(boost::system::errc::filename_too_long);
 }
 
 error_code write_refusal(const path& p)

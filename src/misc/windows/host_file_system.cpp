@@ -67,6 +67,19 @@ error_code overwrite_refusal(const path&)
     return {};
 }
 
+error_code name_refusal(const path& p)
+{
+    constexpr std::size_t longest = 255; // units; to ask for a longer one may answer "not found"
+    DWORD reason = ERROR_SUCCESS;
+    if (p.filename().native().size() > longest) {
+        reason = ERROR_FILENAME_EXCED_RANGE;
+    } else if (GetFileAttributesW(p.c_str()) == INVALID_FILE_ATTRIBUTES &&
+               GetLastError() == ERROR_INVALID_NAME) {
+        reason = ERROR_INVALID_NAME;
+    }
+    return {static_cast<int>(reason), boost::system::system_category()};
+}
+
 error_code write_refusal(const path& p)
 {
     // The rights have the same numbers for a folder, where they are those to add files and folders.

@@ -95,7 +95,7 @@ private:
         case change_kind::delete_value:
             plan_.registry.push_back(change);
             break;
-        case change_kind::create_shortcut: // told by the decision in front of it
+        case change_kind::create_shortcut: // told by the decision behind it
         case change_kind::rename:          // the back-up, told by the staging
         case change_kind::remove:
             break;

@@ -79,7 +79,8 @@ json to_json(const spec_plan& plan)
     for (const installation::shortcut_decision& each : plan.shortcuts) {
         shortcuts.push_back({{"location", to_utf8(each.location)},
                              {"destination", to_utf8(each.destination)},
-                             {"made", each.for_this_system}});
+                             {"made", each.verdict == installation::shortcut_verdict::made},
+                             {"decision", words_of(each.verdict)}});
     }
     json path_entries = json::array();
     for (const installation::path_entry_decision& each : plan.path_entries) {

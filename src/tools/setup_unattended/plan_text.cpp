@@ -133,8 +133,8 @@ void print_links(const spec_plan& plan, std::ostream& out)
 {
     table shortcuts;
     for (const installation::shortcut_decision& each : plan.shortcuts) {
-        shortcuts.add({each.for_this_system ? "make" : "left out: for another system",
-                       to_utf8(each.location), "->", to_utf8(each.destination)});
+        shortcuts.add(
+            {words_of(each.verdict), to_utf8(each.location), "->", to_utf8(each.destination)});
     }
     shortcuts.print(out, "Shortcuts");
     table entries;

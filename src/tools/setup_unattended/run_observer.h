@@ -28,12 +28,18 @@ public:
     [[nodiscard]] const installation::staging_decision& staging() const { return staging_; }
     /// Registry keys that were refused, so that what was for them is missing; each once.
     [[nodiscard]] const std::vector<std::string>& refused_keys() const { return refused_keys_; }
+    /// Where shortcuts were to be made that could not be.
+    [[nodiscard]] const std::vector<std::string>& refused_shortcuts() const
+    {
+        return refused_shortcuts_;
+    }
 
 private:
     progress& progress_;
     std::optional<installation::failure_decision> failure_;
     installation::staging_decision staging_;
     std::vector<std::string> refused_keys_; // UTF-8
+    std::vector<std::string> refused_shortcuts_;
 };
 
 } // namespace nrd::tools

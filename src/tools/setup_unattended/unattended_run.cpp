@@ -241,6 +241,10 @@ bool unattended_run::install_spec(const installation::spec& s, progress& shown)
     }
     shown.end();
     if (finished) {
+        if (!observer.refused_shortcuts().empty()) {
+            err_ << "These shortcuts could not be made: " << join(observer.refused_shortcuts())
+                 << " (" << log_text() << ").\n";
+        }
         if (!observer.refused_keys().empty()) {
             err_ << "These registry keys were refused, and what was for them is missing: "
                  << join(observer.refused_keys()) << " (" << log_text() << ").\n";

@@ -30,6 +30,19 @@ const char* words_of(installation::fileset_verdict verdict)
     return "source missing";
 }
 
+const char* words_of(installation::shortcut_verdict verdict)
+{
+    switch (verdict) {
+    case installation::shortcut_verdict::made:
+        return "make";
+    case installation::shortcut_verdict::other_system:
+        return "left out: for another system";
+    case installation::shortcut_verdict::refused:
+        break;
+    }
+    return "cannot be made";
+}
+
 const char* words_of(misc::change_kind kind)
 {
     switch (kind) {

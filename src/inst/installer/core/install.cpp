@@ -20,6 +20,7 @@ namespace nrd::installer::core {
 using installation::installer_observer;
 using installation::path_entry;
 using installation::shortcut;
+using installation::shortcut_verdict;
 using installation::spec;
 using misc::text32;
 using misc::to_text32;
@@ -48,14 +49,16 @@ void create_shortcuts(const spec& work, spec& uninstall, installer_observer& obs
 {
     for (const shortcut& each : work.shortcuts) {
         if (!is_for_this_system(each)) {
-            observer.decided(
-                installation::shortcut_decision{each.location, each.destination, false});
+            observer.decided(installation::shortcut_decision{each.location, each.destination,
+                                                             shortcut_verdict::other_system});
             continue;
         }
         const text32 location = work.expand(each.location);
         const text32 destination = work.expand(each.destination);
-        observer.decided(installation::shortcut_decision{location, destination, true});
         const text32 link = misc::create_shortcut(location, destination);
+        observer.decided(installation::shortcut_decision{location, destination,
+                                                         link.empty() ? shortcut_verdict::refused
+                                                                      : shortcut_verdict::made});
         // A link that could not be made leaves a record too, with an empty `out`.
         if (uninstall.packages.empty()) {
             throw_no_package();
