@@ -70,7 +70,7 @@ constexpr std::uintptr_t KeyMenu = 0xF100; ///< a system command: the menu by ke
 
 /// Calls `hook` for each native message before SDL sees it, on the thread that pumps events. The
 /// last one given stays. Never called where the system sends no such messages.
-void setNativeMessageHook(std::function<void(const NativeMessage&)> hook);
+void setNativeMessageHook(const std::function<void(const NativeMessage&)>& hook);
 /// The message inside an SDL_SYSWMEVENT, if it has Windows' numbers.
 [[nodiscard]] std::optional<NativeMessage> nativeMessageOf(const SDL_SysWMmsg& message);
 /// Hands the message to the system's own procedure.
@@ -79,6 +79,7 @@ void passToSystem(const NativeMessage& message);
 
 /// Attaches a native menu to the window, and calls `opening` with the handle of each menu that
 /// is about to open. Null detaches.
-void attachNativeMenu(SDL_Window* window, void* menu, std::function<void(void* menu)> opening);
+void attachNativeMenu(SDL_Window* window, void* menu,
+                      const std::function<void(void* menu)>& opening);
 
 } // namespace nui

@@ -51,6 +51,7 @@ int sdlMessageBox(SDL_Window* owner, std::uint32_t flags, const std::string& tex
 {
     const std::vector<Answer> answers = answersOf(flags);
     std::vector<SDL_MessageBoxButtonData> buttons;
+    buttons.reserve(answers.size());
     for (const Answer answer : answers)
         buttons.push_back({0, answer, Labels[static_cast<std::size_t>(answer)]});
     buttons.front().flags |= SDL_MESSAGEBOX_BUTTON_RETURNKEY_DEFAULT;

@@ -52,7 +52,7 @@ std::optional<int> nativeMessageBox(SDL_Window* /*owner*/, std::uint32_t /*flags
     return std::nullopt;
 }
 
-void setNativeMessageHook(std::function<void(const NativeMessage&)> /*hook*/) {}
+void setNativeMessageHook(const std::function<void(const NativeMessage&)>& /*hook*/) {}
 
 std::optional<NativeMessage> nativeMessageOf(const SDL_SysWMmsg& /*message*/)
 {
@@ -67,7 +67,7 @@ bool isNativeWindow(SDL_Window* /*window*/, const void* /*nativeWindow*/)
 }
 
 void attachNativeMenu(SDL_Window* /*window*/, void* /*menu*/,
-                      std::function<void(void* menu)> /*opening*/)
+                      const std::function<void(void* menu)>& /*opening*/)
 {
 }
 

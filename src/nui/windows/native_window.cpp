@@ -35,9 +35,9 @@ std::wstring wide(const std::string& utf8)
 
 UINT boxStyle(std::uint32_t flags)
 {
-    constexpr UINT buttons[] = {MB_OK, MB_OKCANCEL, MB_YESNO, MB_YESNOCANCEL};
+    constexpr UINT Buttons[] = {MB_OK, MB_OKCANCEL, MB_YESNO, MB_YESNOCANCEL};
     const std::uint32_t choice = flags & 0xFU;
-    UINT style = choice < std::size(buttons) ? buttons[choice] : MB_OK;
+    UINT style = choice < std::size(Buttons) ? Buttons[choice] : MB_OK;
     switch (flags & 0xF0U) {
     case 0x10:
         style |= MB_ICONERROR;
@@ -162,9 +162,9 @@ std::optional<int> nativeMessageBox(SDL_Window* owner, std::uint32_t flags, cons
     }
 }
 
-void setNativeMessageHook(std::function<void(const NativeMessage&)> hook)
+void setNativeMessageHook(const std::function<void(const NativeMessage&)>& hook)
 {
-    messageHook() = std::move(hook);
+    messageHook() = hook;
     SDL_SetWindowsMessageHook(messageHook() ? onMessage : nullptr, nullptr);
 }
 
@@ -187,7 +187,8 @@ bool isNativeWindow(SDL_Window* window, const void* nativeWindow)
     return nativeWindow != nullptr && nativeOf(window) == nativeWindow;
 }
 
-void attachNativeMenu(SDL_Window* window, void* menu, std::function<void(void* menu)> opening)
+void attachNativeMenu(SDL_Window* window, void* menu,
+                      const std::function<void(void* menu)>& opening)
 {
     const HWND native = nativeOf(window);
     if (native == nullptr)
@@ -196,7 +197,7 @@ void attachNativeMenu(SDL_Window* window, void* menu, std::function<void(void* m
     SetMenu(native, static_cast<HMENU>(menu));
     if (menu == nullptr || !opening)
         return;
-    auto kept = std::make_unique<MenuOpening>(std::move(opening));
+    auto kept = std::make_unique<MenuOpening>(opening);
     if (SetWindowSubclass(native, subclassProcedure, MenuSubclass,
                           reinterpret_cast<DWORD_PTR>(kept.get())) != FALSE)
         static_cast<void>(kept.release()); // the window's now, until WM_NCDESTROY

@@ -3,7 +3,6 @@
 #include <SDL2/SDL.h>
 #include <SDL2/SDL_syswm.h>
 #include <gtest/gtest.h>
-#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -116,21 +115,21 @@ TEST_F(windows_native_window_test, system_events_carry_the_message_that_they_sta
     SDL_EventState(SDL_SYSWMEVENT, SDL_ENABLE);
     SDL_FlushEvent(SDL_SYSWMEVENT);
     SendMessageW(native, WM_SYSKEYUP, VK_F9, 7);
-    std::optional<nui::NativeMessage> found;
+    std::vector<nui::NativeMessage> found;
     SDL_Event event;
     while (SDL_PollEvent(&event) != 0) {
         if (event.type == SDL_SYSWMEVENT) {
             const auto message = nui::nativeMessageOf(*event.syswm.msg);
             if (message && message->message == nui::native_message::SystemKeyUp) {
-                found = message;
+                found.push_back(*message);
             }
         }
     }
     SDL_EventState(SDL_SYSWMEVENT, SDL_IGNORE);
-    ASSERT_TRUE(found);
-    EXPECT_EQ(found->window, native);
-    EXPECT_EQ(found->wParam, static_cast<std::uintptr_t>(VK_F9));
-    EXPECT_EQ(found->lParam, 7);
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0].window, native);
+    EXPECT_EQ(found[0].wParam, static_cast<std::uintptr_t>(VK_F9));
+    EXPECT_EQ(found[0].lParam, 7);
 }
 
 struct SeenBox {

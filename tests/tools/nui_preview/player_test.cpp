@@ -20,34 +20,34 @@ class player_test : public testing::Test {
 protected:
     player_test()
     {
-        screen = toolkit.open(
+        screen_ = toolkit_.open(
             "{'widgets': [{'id': 'screen', 'name': 'screen', 'class': 'Screen',"
             "'windowWidth': 200, 'windowHeight': 120, 'borderless': true, 'layout': 'Horizontal',"
             "'children': [{'name': 'left', 'class': 'Widget'},"
             "{'id': 'right_id', 'class': 'Widget'},"
-            "{'name': 'holder', 'class': 'Container', 'width': 0, 'children': ["
+            "{'name': 'holder', 'class': 'PagesContainer', 'width': 0, 'children': ["
             "{'name': 'one', 'class': 'Widget'},"
             "{'name': 'two', 'class': 'Widget', 'visibility': 'Collapsed'}]}]}]}");
-        left = screen->findByName("left");
-        log.listen(*left);
+        left_ = screen_->findByName("left");
+        log_.listen(*left_);
     }
 
     /// What the left widget heard of it, or the fault.
     std::string played(const std::string& script)
     {
         try {
-            player(input).play(parse_play_script(script));
+            player(input_).play(parse_play_script(script));
         } catch (const script_error& error) {
             return "line " + std::to_string(error.line) + ": " + error.what();
         }
-        return log.takeWithoutHover();
+        return log_.takeWithoutHover();
     }
 
-    nui::test::RunningToolkit toolkit;
-    std::shared_ptr<nui::Screen> screen;
-    nui::Widget* left = nullptr;
-    nui::test::EventLog log;
-    virtual_input input;
+    nui::test::RunningToolkit toolkit_;
+    std::shared_ptr<nui::Screen> screen_;
+    nui::Widget* left_ = nullptr;
+    nui::test::EventLog log_;
+    virtual_input input_;
 };
 
 TEST_F(player_test, a_click_is_a_press_and_a_release_in_the_middle_of_the_widget)
@@ -75,7 +75,7 @@ TEST_F(player_test, keys_and_texts_come_to_the_widget_that_has_the_focus)
     EXPECT_EQ(played("key a ctrl"), "MEYB left 1\nNEYB left 1\n");
     std::string heard;
     subscribe(
-        *left, nui::text::Committed,
+        *left_, nui::text::Committed,
         [](nui::WidgetEvent& event) {
             *static_cast<std::string*>(event.user) +=
                 "[" + static_cast<nui::TextEvent&>(event).text + "]";
@@ -89,16 +89,16 @@ TEST_F(player_test, keys_and_texts_come_to_the_widget_that_has_the_focus)
 TEST_F(player_test, a_page_comes_to_the_front_of_its_siblings)
 {
     played("show two");
-    EXPECT_FALSE(screen->findByName("one")->isDrawn());
-    EXPECT_TRUE(screen->findByName("two")->isDrawn());
-    EXPECT_TRUE(left->isDrawn());
+    EXPECT_FALSE(screen_->findByName("one")->isDrawn());
+    EXPECT_TRUE(screen_->findByName("two")->isDrawn());
+    EXPECT_TRUE(left_->isDrawn());
 }
 
 TEST_F(player_test, the_users_own_pointer_is_not_heard)
 {
     SDL_Event event = {};
     event.motion.type = SDL_MOUSEMOTION;
-    event.motion.windowID = screen->windowId();
+    event.motion.windowID = screen_->windowId();
     event.motion.x = 33;
     played("move 5 6");
     SDL_PushEvent(&event);
