@@ -15,13 +15,13 @@ protected:
     nui::Lang load(const std::string& content, const std::string& language)
     {
         // Not every name is plain English.
-        nrd::test::write_file(folder_ / "l\xC3\xA4ngfile.txt", content);
-        nui::Lang lang(nui::test::hostPath(folder_ / "l\xC3\xA4ngfile.txt"));
+        nrd::test::write_file(folder / "l\xC3\xA4ngfile.txt", content);
+        nui::Lang lang(nui::test::hostPath(folder / "l\xC3\xA4ngfile.txt"));
         lang.languageUnicode = language;
         return lang;
     }
 
-    nrd::test::temp_folder folder_;
+    nrd::test::temp_folder folder;
 };
 
 TEST_F(lang_test, a_text_is_found_by_language_and_key_and_a_key_without_one_stands_for_itself)
@@ -66,7 +66,7 @@ TEST_F(lang_test, without_a_heading_there_are_no_texts)
 {
     EXPECT_EQ(load("", "en").getString("OK"), "OK");
     EXPECT_EQ(load("no heading\nOK\tFine\n", "en").getString("OK"), "OK");
-    EXPECT_EQ(nui::Lang(nui::test::hostPath(folder_ / "missing")).getString("OK"), "OK");
+    EXPECT_EQ(nui::Lang(nui::test::hostPath(folder / "missing")).getString("OK"), "OK");
 }
 
 } // namespace

@@ -22,6 +22,7 @@ public:
 
     explicit FileStream(SDL_RWops& file) : file_(file) { fill(); }
 
+    // The parser's names. NOLINTBEGIN(readability-identifier-naming)
     [[nodiscard]] char Peek() const { return current_ < count_ ? buffer_[current_] : '\0'; }
     char Take()
     {
@@ -37,6 +38,7 @@ public:
     void Flush() {}
     char* PutBegin() { return nullptr; }
     std::size_t PutEnd(const char* /*begin*/) { return 0; }
+    // NOLINTEND(readability-identifier-naming)
 
 private:
     void fill()

@@ -28,8 +28,8 @@ std::uint32_t rawInteger(const Json& number)
 
 float floatOf(const Json& number)
 {
-    constexpr double most = std::numeric_limits<float>::max();
-    return static_cast<float>(std::clamp(number.GetDouble(), -most, most));
+    constexpr double Most = std::numeric_limits<float>::max();
+    return static_cast<float>(std::clamp(number.GetDouble(), -Most, Most));
 }
 
 std::string textOf(const Json& text)
