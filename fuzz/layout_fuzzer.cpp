@@ -17,7 +17,7 @@
 
 namespace {
 
-using Json = rapidjson::Value;
+using json = rapidjson::Value;
 
 /// A layout takes twice the time for each level, and a template that holds a template twice grows
 /// likewise: both are the author's affair.
@@ -38,7 +38,7 @@ std::string without_spaces(std::string text)
     return text;
 }
 
-void weigh(const Json& value, int depth, burden& all)
+void weigh(const json& value, int depth, burden& all)
 {
     all.depth = std::max(all.depth, depth);
     if (depth > deepest) {
@@ -47,7 +47,7 @@ void weigh(const Json& value, int depth, burden& all)
     if (value.IsString() && *value.GetString() == '#') {
         ++all.references;
     } else if (value.IsArray()) {
-        for (const Json& item : value.GetArray()) {
+        for (const json& item : value.GetArray()) {
             weigh(item, depth + 1, all);
         }
     } else if (value.IsObject()) {
