@@ -72,6 +72,12 @@ TextureRef makeTexture(const void* pixels, std::int32_t width, std::int32_t heig
     return texture;
 }
 
+void repeatAcross(const TextureRef& texture)
+{
+    glBindTexture(GL_TEXTURE_2D, texture.glName);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_REPEAT);
+}
+
 void freeTexture(TextureRef& texture)
 {
     glDeleteTextures(1, &texture.glName);

@@ -41,5 +41,7 @@ private:
 /// Uploads 32-bit RGBA pixels, rows without padding, from the top; the caller owns the texture.
 [[nodiscard]] TextureRef makeTexture(const void* pixels, std::int32_t width, std::int32_t height);
 void freeTexture(TextureRef& texture);
+/// Lets texture coordinates beyond 1 begin anew along its width.
+void repeatAcross(const TextureRef& texture);
 
 } // namespace nui

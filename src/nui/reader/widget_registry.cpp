@@ -1,7 +1,9 @@
 #include "nui/reader/widget_registry.h"
 
 #include "nui/widgets/default_tool_tip.h"
+#include "nui/widgets/pages_container.h"
 #include "nui/widgets/plain_widgets.h"
+#include "nui/widgets/progress_bar.h"
 #include "nui/widgets/screen.h"
 
 #include <cstdint>

@@ -55,11 +55,6 @@ public:
     [[nodiscard]] const char* className() const override { return "OkCancelButton"; }
 };
 
-class PagesContainer : public Cloneable<PagesContainer, Container> {
-public:
-    [[nodiscard]] const char* className() const override { return "PagesContainer"; }
-};
-
 class Breadcrumbs : public Cloneable<Breadcrumbs, Container> {
 public:
     [[nodiscard]] const char* className() const override { return "Breadcrumbs"; }
@@ -103,11 +98,6 @@ public:
 class Slider : public Cloneable<Slider, Widget> {
 public:
     [[nodiscard]] const char* className() const override { return "Slider"; }
-};
-
-class ProgressBar : public Cloneable<ProgressBar, Widget> {
-public:
-    [[nodiscard]] const char* className() const override { return "ProgressBar"; }
 };
 
 class ImageArray : public Cloneable<ImageArray, Widget> {

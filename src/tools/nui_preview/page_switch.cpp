@@ -1,19 +1,18 @@
 #include "tools/nui_preview/page_switch.h"
 
+#include "nui/widgets/pages_container.h"
+
 namespace nrd::tools::preview {
 
 bool switch_to_page(nui::Screen& screen, const std::string& name)
 {
     nui::Widget* const page = screen.findByName(name);
-    auto* const holder = page != nullptr ? dynamic_cast<nui::Container*>(page->parent) : nullptr;
-    if (holder == nullptr) {
+    auto* const pages =
+        page != nullptr ? dynamic_cast<nui::PagesContainer*>(page->parent) : nullptr;
+    if (pages == nullptr) {
         return false;
     }
-    for (const nui::WidgetPtr& sibling : holder->children()) {
-        sibling->visibility = nui::visibility::Collapsed;
-    }
-    page->visibility = nui::visibility::Visible;
-    screen.markDirty();
+    pages->show(page->shared_from_this());
     return true;
 }
 

@@ -1,6 +1,8 @@
 #include "tools/nui_preview/widget_tree.h"
 
 #include "nui/widgets/container.h"
+#include "nui/widgets/pages_container.h"
+#include "nui/widgets/progress_bar.h"
 #include "nui/widgets/screen.h"
 #include "nui/widgets/text_label.h"
 
@@ -65,6 +67,12 @@ json tree_of(nui::Widget& widget)
     entry["enabled"] = widget.touchEnabled;
     const nui::Screen* const screen = widget.screen();
     entry["focused"] = screen != nullptr && screen->focusedWidget.get() == &widget;
+    if (const auto* const bar = dynamic_cast<nui::ProgressBar*>(&widget)) {
+        entry["value"] = number(bar->value());
+    }
+    if (const auto* const pages = dynamic_cast<nui::PagesContainer*>(&widget)) {
+        entry["page"] = pages->current() ? pages->current()->name : "";
+    }
     entry["children"] = children_of(widget);
     return entry;
 }
