@@ -241,6 +241,11 @@ class Failures(MachineTest):
             self.expect(5, f'"{folder}"', args=("--path", folder))
         self.assertEqual(self.run_unattended("--path", windows + "\\x").returncode, 0)
 
+    def test_a_folder_that_all_programs_need_is_refused_however_it_is_written(self):
+        for folder in ("c:\\WINDOWS\\", "C:\\Program Files", "c:/program files/", "C:\\Users",
+                       "c:\\windows\\system32", "C:\\ProgramData"):
+            self.expect(5, "needed by all", args=("--path", folder))
+
     def test_a_folder_that_would_become_another_one_is_refused(self):
         self.package.add(0, install_xml())
         for folder in ("C:\\a$&b", "C:\\${APP_NAME}", "C:\\a}b"):

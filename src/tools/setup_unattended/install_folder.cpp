@@ -3,8 +3,11 @@
 #include "inst/installation/install_path.h"
 #include "inst/installation/variables.h"
 #include "misc/file_system.h"
+#include "misc/known_folders.h"
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 namespace nrd::tools {
 
@@ -18,6 +21,33 @@ bool has_plain_names_only(const text32& text)
     const std::vector<text32> names = misc::split(text, U'\\');
     return std::none_of(names.begin(), names.end(),
                         [](const text32& name) { return name == U"." || name == U".."; });
+}
+
+/// An install folder that is there already is moved aside and removed in the end. A wizard's user
+/// is asked first; here a slip in a script must not cost the machine.
+void protect_system_folders(const misc::path& folder)
+{
+    const std::u16string own = misc::path_key(folder);
+    const misc::path windows = misc::get_windows_folder();
+    const std::vector<misc::path> needed = {
+        windows,
+        misc::get_system_folder(),
+        misc::get_program_files_folder(),
+        windows.root_path() / "Program Files",
+        misc::get_program_data_folder(),
+        misc::get_profile_folder(),
+        misc::get_roaming_folder(),
+        misc::get_desktop_folder(),
+    };
+    for (const misc::path& each : needed) {
+        if (!each.empty() && misc::is_or_lies_in(misc::path_key(each), own)) {
+            throw folder_refused(": " + misc::to_utf8(each) + " is needed by all");
+        }
+    }
+    misc::error_code ec;
+    if (misc::lies_in(own, misc::path_key(windows)) && misc::exists(folder, ec)) {
+        throw folder_refused(": it is there already, as a part of Windows");
+    }
 }
 
 void check(const text32& text)
@@ -43,6 +73,7 @@ text32 settle_install_folder(const text32& text)
     if (!has_plain_names_only(folder)) {
         throw folder_refused(": it has \".\" or \"..\" in it");
     }
+    protect_system_folders(misc::to_path(std::u32string_view(folder)));
     return folder;
 }
 
