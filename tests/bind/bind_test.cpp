@@ -71,7 +71,7 @@ TEST(property, floats_are_equal_within_a_relative_epsilon_and_infinity_is_a_chan
         float from;
         float to;
         int changes;
-    } cases[] = {{1.0F, 1.00000001F, 0},      {0.0F, 1.1e-7F, 0},          {0.0F, 1.3e-7F, 1},
+    } cases[] = {{1.0F, 1.00000001F, 0},       {0.0F, 1.1e-7F, 0},          {0.0F, 1.3e-7F, 1},
                  {1000000.0F, 1000000.06F, 0}, {1000000.0F, 1000000.2F, 1}, {0.0F, Infinity, 1},
                  {Infinity, 1.0F, 1}};
     for (const auto& [from, to, changes] : cases) {
