@@ -159,7 +159,8 @@ TEST(bindable, a_copy_is_bound_by_itself_and_widgets_may_die_before_the_model)
     model.set("b");
     EXPECT_EQ(copy.text, "b");
     {
-        const box second = copy;
+        const box second(copy);
+        EXPECT_EQ(second.text, "b");
     }
     model.set("c");
     EXPECT_EQ(copy.text, "c");

@@ -15,7 +15,7 @@ namespace {
 
 using nui::engine;
 
-const std::string Window = R"({'widgets': [{'class': 'Screen', 'id': 'screen', 'name': 'screen',
+const std::string windowJson = R"({'widgets': [{'class': 'Screen', 'id': 'screen', 'name': 'screen',
     'windowWidth': 120, 'windowHeight': 80, 'borderless': true, 'children': [
         {'class': 'Widget', 'name': 'inside'}]}]})";
 
@@ -46,7 +46,7 @@ protected:
 
 TEST_F(engine_test, frames_are_slow_when_idle_and_fast_while_something_moves)
 {
-    const auto screen = toolkit.open(Window);
+    const auto screen = toolkit.open(windowJson);
     EXPECT_EQ(frameTime(), 66U);
     engine().setKeepFast(true);
     (void)engine().step();
@@ -68,7 +68,7 @@ TEST_F(engine_test, frames_are_slow_when_idle_and_fast_while_something_moves)
 
 TEST_F(engine_test, a_refused_close_keeps_the_window_and_swallows_the_quit_behind_it)
 {
-    const auto screen = toolkit.open(Window);
+    const auto screen = toolkit.open(windowJson);
     subscribe(
         *screen, nui::window::Closing, [](nui::WidgetEvent& event) { event.prevented = true; },
         nullptr);
@@ -86,7 +86,7 @@ TEST_F(engine_test, closing_the_last_window_quits_with_the_next_draw)
 {
     engine().draw(true);
     EXPECT_FALSE(engine().hasQuit());
-    const auto screen = toolkit.open(Window);
+    const auto screen = toolkit.open(windowJson);
     toolkit.windowEvent(SDL_WINDOWEVENT_CLOSE, *screen);
     EXPECT_FALSE(screen->isOpen());
     EXPECT_FALSE(engine().hasQuit());
@@ -96,15 +96,15 @@ TEST_F(engine_test, closing_the_last_window_quits_with_the_next_draw)
 
 TEST_F(engine_test, a_window_that_comes_before_the_draw_keeps_the_loop_running)
 {
-    engine().closeScreen(toolkit.open(Window));
-    const auto next = toolkit.open(Window);
+    engine().closeScreen(toolkit.open(windowJson));
+    const auto next = toolkit.open(windowJson);
     engine().draw(true);
     EXPECT_FALSE(engine().hasQuit());
 }
 
 TEST_F(engine_test, a_screen_without_a_window_is_dropped_and_the_last_one_quits)
 {
-    const auto open = toolkit.open(Window);
+    const auto open = toolkit.open(windowJson);
     const auto unopened = std::make_shared<nui::Screen>();
     engine().addScreen(unopened);
     engine().draw(true);
@@ -118,8 +118,8 @@ TEST_F(engine_test, a_screen_without_a_window_is_dropped_and_the_last_one_quits)
 
 TEST_F(engine_test, a_modal_window_blocks_its_parent_and_gives_it_back)
 {
-    const auto parent = toolkit.open(Window);
-    const auto modal = toolkit.open(Window, parent.get());
+    const auto parent = toolkit.open(windowJson);
+    const auto modal = toolkit.open(windowJson, parent.get());
     EXPECT_FALSE(parent->window->enabled);
     engine().closeScreen(modal);
     EXPECT_TRUE(parent->window->enabled);
@@ -129,8 +129,8 @@ TEST_F(engine_test, a_modal_window_blocks_its_parent_and_gives_it_back)
 
 TEST_F(engine_test, closing_a_screen_lets_go_of_all_that_lies_in_it)
 {
-    const auto other = toolkit.open(Window);
-    const auto screen = toolkit.open(Window);
+    const auto other = toolkit.open(windowJson);
+    const auto screen = toolkit.open(windowJson);
     toolkit.move(10, 10);
     toolkit.press();
     engine().setFocus(screen->findByName("inside")->shared_from_this());
@@ -147,7 +147,7 @@ TEST_F(engine_test, closing_a_screen_lets_go_of_all_that_lies_in_it)
 
 TEST_F(engine_test, an_event_for_an_unknown_window_is_ignored)
 {
-    const auto screen = toolkit.open(Window);
+    const auto screen = toolkit.open(windowJson);
     nui::test::EventLog log;
     log.listen(*screen);
     SDL_Event event = {};
@@ -162,7 +162,7 @@ TEST_F(engine_test, an_event_for_an_unknown_window_is_ignored)
 
 TEST_F(engine_test, minimized_and_hidden_windows_are_not_drawn)
 {
-    const auto screen = toolkit.open(Window);
+    const auto screen = toolkit.open(windowJson);
     screen->markDirty();
     toolkit.windowEvent(SDL_WINDOWEVENT_MINIMIZED, *screen);
     engine().draw(true);
@@ -179,7 +179,7 @@ TEST_F(engine_test, minimized_and_hidden_windows_are_not_drawn)
 
 TEST_F(engine_test, a_resize_is_told_before_and_after_and_lays_out_again)
 {
-    const auto screen = toolkit.open(Window);
+    const auto screen = toolkit.open(windowJson);
     nui::test::EventLog log;
     log.listen(*screen);
     SDL_SetWindowSize(screen->window->sdlWindow(), 150, 90);
@@ -191,7 +191,7 @@ TEST_F(engine_test, a_resize_is_told_before_and_after_and_lays_out_again)
 
 TEST_F(engine_test, a_timer_from_another_thread_reaches_its_widget_once)
 {
-    const auto screen = toolkit.open(Window);
+    const auto screen = toolkit.open(windowJson);
     const auto widget = screen->findByName("inside")->shared_from_this();
     nui::test::EventLog log;
     log.listen(*widget);

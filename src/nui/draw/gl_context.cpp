@@ -113,6 +113,8 @@ void forgetWindow(const WindowHandle& window)
 
 void set2DProjection()
 {
+    if (state().currentWindow == nullptr)
+        return;
     const WindowHandle& window = *state().currentWindow;
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
@@ -123,6 +125,8 @@ void set2DProjection()
 
 void setViewport()
 {
+    if (state().currentWindow == nullptr)
+        return;
     const WindowHandle& window = *state().currentWindow;
     glViewport(0, 0, window.drawableWidth, window.drawableHeight);
 }
@@ -136,7 +140,8 @@ void resetFrameState()
 
 void swap()
 {
-    SDL_GL_SwapWindow(state().currentWindow->sdlWindow());
+    if (state().currentWindow != nullptr)
+        SDL_GL_SwapWindow(state().currentWindow->sdlWindow());
 }
 
 void closeGl()

@@ -28,7 +28,7 @@ void ScreenTable::onPress(WidgetEvent& event)
 void ScreenTable::close(const ScreenPtr& screen)
 {
     // Held here, as the caller's may be the table's own.
-    const ScreenPtr closing = screen;
+    const auto closing = std::static_pointer_cast<Screen>(screen->shared_from_this());
     if (closing->isOpen()) {
         closing->window->hide();
         releaseParent(*closing);

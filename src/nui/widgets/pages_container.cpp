@@ -76,7 +76,7 @@ bool PagesContainer::layout(std::uint32_t flags)
         if (!current_->layout(flags | layout_flag::Force))
             setLayoutValid(false);
     }
-    if (!Widget::layout(flags))
+    if (!measureUnknown())
         setLayoutValid(false);
     return isLayoutValid();
 }

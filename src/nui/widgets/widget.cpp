@@ -71,6 +71,11 @@ void Widget::drawChildren(Point /*position*/) {}
 
 bool Widget::layout(std::uint32_t /*flags*/)
 {
+    return measureUnknown();
+}
+
+bool Widget::measureUnknown()
+{
     // Measuring one axis may rest on the other, so an axis is measured by content only when the
     // other one is known or is measured along with it.
     if (visibility != visibility::Collapsed) {

@@ -158,6 +158,11 @@ public:
     float drawAlpha = 1;      ///< own and inherited; set while drawing
     bool touchEnabled = true;
 
+protected:
+    /// What layout() of a plain widget does: measures what is sized by content and isn't known
+    /// yet. False while a side is not known.
+    bool measureUnknown();
+
 private:
     void drawBorder() const;
 

@@ -44,8 +44,7 @@ void protect_system_folders(const misc::path& folder)
             throw folder_refused(": " + misc::to_utf8(each) + " is needed by all");
         }
     }
-    misc::error_code ec;
-    if (misc::lies_in(own, misc::path_key(windows)) && misc::exists(folder, ec)) {
+    if (misc::lies_in(own, misc::path_key(windows)) && misc::is_directory(folder)) {
         throw folder_refused(": it is there already, as a part of Windows");
     }
 }

@@ -8,13 +8,13 @@ namespace nui::test {
 /// Each object begins anew at 1000.
 class FrameClock {
 public:
-    FrameClock() { ticks_ = 1000; }
+    FrameClock() { ticks = 1000; }
 
-    static std::uint64_t now() { return ticks_; }
-    void advance(std::uint64_t milliseconds) { ticks_ += milliseconds; }
+    static std::uint64_t now() { return ticks; }
+    void advance(std::uint64_t milliseconds) { ticks += milliseconds; }
 
 private:
-    static inline std::uint64_t ticks_ = 0;
+    static inline std::uint64_t ticks = 0;
 };
 
 } // namespace nui::test
