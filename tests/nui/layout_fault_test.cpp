@@ -22,6 +22,7 @@ protected:
 TEST_F(layout_fault_test, a_file_that_cannot_be_read_is_named_with_the_place_of_the_error)
 {
     EXPECT_EQ(folder.faultsOf("missing.json"), "missing.json: the file cannot be opened\n");
+    EXPECT_EQ(folder.faultsOf("."), ".: the file cannot be opened\n");
     EXPECT_EQ(faults("{\n  'widgets': [\n    {'\xC3\xA4': 1,}\n  ]\n}"),
               "main.json:3:13: this is no JSON: Missing a name for object member.\n");
     EXPECT_EQ(faults("{}\n x"), "main.json:2:2: this is no JSON: The document root must not be "

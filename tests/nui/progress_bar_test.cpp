@@ -22,7 +22,7 @@ protected:
             nui::test::containerOf("{'class': 'Container', 'width': 40, 'height': 4, 'children': ["
                                    "{'class': 'ProgressBar', 'name': 'bar', 'color': '#ff0000'" +
                                    keys + "}]}");
-        const auto bar = std::dynamic_pointer_cast<nui::ProgressBar>(row->children()[0]);
+        auto bar = std::dynamic_pointer_cast<nui::ProgressBar>(row->children()[0]);
         nui::test::layOut(*row);
         redraw();
         return bar;

@@ -1,5 +1,6 @@
 #include "nui/reader/json_file.h"
 
+#include <SDL_error.h>
 #include <SDL_rwops.h>
 #include <rapidjson/error/en.h>
 #include <rapidjson/reader.h>
@@ -62,8 +63,12 @@ JsonFile::JsonFile(const std::string& path)
     const std::unique_ptr<SDL_RWops, Closing> file(SDL_RWFromFile(path.c_str(), "r"));
     if (!file)
         return;
-    opened_ = true;
+    SDL_ClearError();
     FileStream stream(*file);
+    // Some systems open a folder like a file, and only reading it fails.
+    if (stream.Peek() == '\0' && *SDL_GetError() != '\0')
+        return;
+    opened_ = true;
     // Not recursive: no depth of a file's nesting can exhaust the stack.
     document_.ParseStream<rapidjson::kParseIterativeFlag>(stream);
 }

@@ -122,6 +122,8 @@ void preview::start_toolkit()
     if (options_.has_output() && can_go_without_display()) {
         SDL_SetHint(SDL_HINT_VIDEODRIVER, driver_without_display);
     }
+    // Ctrl+C ends the program also while a layout file keeps it busy.
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     if (SDL_Init(SDL_INIT_VIDEO) != 0) {
         throw failure(std::string("There is no display to open a window on: ") + SDL_GetError() +
                       ".");
