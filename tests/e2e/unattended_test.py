@@ -242,6 +242,7 @@ class Failures(MachineTest):
         self.assertEqual(self.run_unattended("--path", windows + "\\x").returncode, 0)
 
     def test_a_folder_that_all_programs_need_is_refused_however_it_is_written(self):
+        self.package.add(0, install_xml())
         for folder in ("c:\\WINDOWS\\", "C:\\Program Files", "c:/program files/", "C:\\Users",
                        "c:\\windows\\system32", "C:\\ProgramData"):
             self.expect(5, "needed by all", args=("--path", folder))
