@@ -41,7 +41,11 @@ std::string resources_of(const std::string& file)
 
 std::string read_file(const std::string& name)
 {
-    std::ifstream stream(host_path(name), std::ios::binary);
+    // A folder can be opened on some systems, and only reading it fails.
+    std::ifstream stream;
+    if (!std::filesystem::is_directory(host_path(name))) {
+        stream.open(host_path(name), std::ios::binary);
+    }
     std::string content(std::istreambuf_iterator<char>(stream), {});
     if (!stream.is_open() || stream.bad()) {
         throw failure("The file " + name + " cannot be read.");

@@ -1,6 +1,7 @@
 #include "tools/nui_preview/picture.h"
 
 #include "nui/draw/gl_context.h"
+#include "nui/draw/surface.h"
 #include "nui/engine/engine.h"
 #include "nui/widgets/screen.h"
 #include "tools/nui_preview/failure.h"
@@ -8,7 +9,6 @@
 #include <GL/glew.h>
 #include <SDL2/SDL_image.h>
 #include <algorithm>
-#include <memory>
 #include <vector>
 
 namespace nrd::tools::preview {
@@ -50,10 +50,6 @@ public:
 private:
     GLuint framebuffer_ = 0;
     GLuint pixels_ = 0;
-};
-
-struct surface_deleter {
-    void operator()(SDL_Surface* surface) const { SDL_FreeSurface(surface); }
 };
 
 void draw_frame(nui::Screen& screen)
@@ -120,10 +116,13 @@ void write_picture(const nui::ScreenPtr& screen, const std::string& file)
     std::vector<unsigned char> pixels = pixels_of(*screen);
     const int width = screen->window->drawableWidth;
     const int height = screen->window->drawableHeight;
-    const std::unique_ptr<SDL_Surface, surface_deleter> surface(
+    const nui::SurfacePtr surface(
         SDL_CreateRGBSurfaceWithFormatFrom(pixels.data(), width, height, 8 * bytes_per_pixel,
                                            width * bytes_per_pixel, SDL_PIXELFORMAT_RGB24));
-    if (surface == nullptr || IMG_SavePNG(surface.get(), file.c_str()) != 0) {
+    SDL_RWops* const out = surface ? SDL_RWFromFile(file.c_str(), "wb") : nullptr;
+    const bool saved = out != nullptr && IMG_SavePNG_RW(surface.get(), out, 0) == 0;
+    // What a full disk refuses shows only when the file is closed.
+    if (out == nullptr || SDL_RWclose(out) != 0 || !saved) {
         throw failure("The picture " + file + " cannot be written: " + SDL_GetError() + ".");
     }
 }
