@@ -71,6 +71,7 @@ void Engine::start(const std::string& resourcePath)
         engine.resourceDirectory = engine.basePath;
         engine.thirdDirectory = engine.basePath;
     }
+    engine.fonts.fontsDir = joinPath(engine.basePath, "fonts");
     engine.language = std::make_unique<Lang>(joinPath(engine.basePath, "langfile.txt"));
     openHiddenWindow();
 }

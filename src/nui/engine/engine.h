@@ -11,6 +11,7 @@
 #include "nui/events/keyboard_path.h"
 #include "nui/events/pointer_path.h"
 #include "nui/native_window.h"
+#include "nui/text/fonts.h"
 #include "nui/text/lang.h"
 
 #include <cstdint>
@@ -23,6 +24,7 @@ union SDL_Event;
 
 namespace nui {
 
+class PopupMenu;
 class PopupMenuItem;
 
 /// Milliseconds of a clock that never goes back.
@@ -106,11 +108,13 @@ public:
     BackStack backStack{*this};
     TweenManager tweens;
     TextureCache textures;
+    Fonts fonts;
     std::unique_ptr<Lang> language;
-    std::string basePath;               ///< where layout files' names count from, UTF-8
-    std::string resourceDirectory;      ///< where images, cursors and fonts lie
-    std::string thirdDirectory;         ///< kept for the application
-    std::shared_ptr<void> customShared; ///< held for the application
+    std::shared_ptr<PopupMenu> textMenu; ///< what text fields open; null for none
+    std::string basePath;                ///< where layout files' names count from, UTF-8
+    std::string resourceDirectory;       ///< where images, cursors and fonts lie
+    std::string thirdDirectory;          ///< kept for the application
+    std::shared_ptr<void> customShared;  ///< held for the application
 
 private:
     friend class EventHandler;

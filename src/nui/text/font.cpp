@@ -1,0 +1,22 @@
+#include "nui/text/font.h"
+
+#include <stdexcept>
+
+namespace nui {
+
+float Font::getLineHeight(std::int16_t /*size*/, std::int32_t /*lines*/)
+{
+    return 0;
+}
+
+float Font::getTextWidth(const std::string& /*text*/, std::int16_t /*size*/)
+{
+    throw std::logic_error("This font does not tell the width of a text.");
+}
+
+std::int32_t Font::indexAtX(const std::string& /*text*/, std::int16_t /*size*/, float /*x*/)
+{
+    throw std::logic_error("This font does not tell the place of a character.");
+}
+
+} // namespace nui
