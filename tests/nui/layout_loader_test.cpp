@@ -317,12 +317,12 @@ TEST_F(layout_loader_test, the_last_module_init_is_called_when_all_is_there)
 TEST_F(layout_loader_test, texts_are_looked_up_when_they_are_read_and_again_when_told)
 {
     folder.write("langfile.txt", "key\ten\tde\nOK\tFine\tGut\n");
-    nui::engine().language = std::make_unique<nui::Lang>(folder.path() + "langfile.txt");
-    nui::engine().language->languageUnicode = "en";
+    nui::engine().lang = std::make_unique<nui::Lang>(folder.path() + "langfile.txt");
+    nui::engine().lang->languageUnicode = "en";
     const auto label = std::dynamic_pointer_cast<nui::TextLabel>(
         built("'widgets': [{'id': 'w', 'class': 'TextLabel', 'text': 'OK'}]"));
     EXPECT_EQ(label->text(), "Fine");
-    nui::engine().language->languageUnicode = "de";
+    nui::engine().lang->languageUnicode = "de";
     label->reloadText();
     EXPECT_EQ(label->text(), "Gut");
     label->setText("OK");

@@ -72,7 +72,7 @@ void Engine::start(const std::string& resourcePath)
         engine.thirdDirectory = engine.basePath;
     }
     engine.fonts.fontsDir = joinPath(engine.basePath, "fonts");
-    engine.language = std::make_unique<Lang>(joinPath(engine.basePath, "langfile.txt"));
+    engine.lang = std::make_unique<Lang>(joinPath(engine.basePath, "langfile.txt"));
     openHiddenWindow();
 }
 

@@ -109,7 +109,7 @@ public:
     TweenManager tweens;
     TextureCache textures;
     Fonts fonts;
-    std::unique_ptr<Lang> language;
+    std::unique_ptr<Lang> lang;
     std::shared_ptr<PopupMenu> textMenu; ///< what text fields open; null for none
     std::string basePath;                ///< where layout files' names count from, UTF-8
     std::string resourceDirectory;       ///< where images, cursors and fonts lie

@@ -46,7 +46,7 @@ void PopupMenuItem::setTextKey(const std::string& key)
 {
     textKey_ = key;
     hasTextKey_ = true;
-    text_ = engine().language ? engine().language->getString(key) : key;
+    text_ = engine().lang ? engine().lang->getString(key) : key;
 }
 
 NativeMenuEntry PopupMenuItem::nativeEntry()

@@ -6,16 +6,16 @@ bool Engine::changeLanguageAndFont(const char* selectedLang, bool /*detectInputL
                                    const std::function<void(const std::string&)>& log)
 {
     log("entering changeLanguageAndFont");
-    if (selectedLang == nullptr || !language) {
+    if (selectedLang == nullptr || !lang) {
         log("leaving changeLanguageAndFont; no input lang provided and not detecting lang");
         return false;
     }
-    if (language->languageUnicode == selectedLang) {
+    if (lang->languageUnicode == selectedLang) {
         log("leaving changeLanguageAndFont unchanged");
         return false;
     }
-    language->languageUnicode = selectedLang;
-    log("engine language unicode set to: " + language->languageUnicode);
+    lang->languageUnicode = selectedLang;
+    log("engine language unicode set to: " + lang->languageUnicode);
     return true;
 }
 

@@ -200,7 +200,7 @@ void Screen::reloadText()
     if (titleKey_.empty())
         return;
     // The key stays, also while a language lacks it.
-    title_ = engine().language->getString(titleKey_);
+    title_ = engine().lang->getString(titleKey_);
     if (isOpen())
         window->setTitle(title_);
 }
@@ -215,7 +215,7 @@ void Screen::setTitle(const std::string& plainText)
 
 void Screen::setTitleKey(const std::string& key)
 {
-    const Lang* const language = engine().language.get();
+    const Lang* const language = engine().lang.get();
     if (language != nullptr && language->has(key)) {
         titleKey_ = key;
         title_ = language->getString(key);

@@ -16,7 +16,7 @@ bool TextLabel::read(NuiReader& reader)
 void TextLabel::reloadText()
 {
     if (!textKey_.empty())
-        text_ = engine().language ? engine().language->getString(textKey_) : textKey_;
+        text_ = engine().lang ? engine().lang->getString(textKey_) : textKey_;
 }
 
 void TextLabel::setText(const std::string& plainText)
