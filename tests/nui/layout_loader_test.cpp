@@ -207,12 +207,12 @@ TEST_F(layout_loader_test, an_instance_overrides_named_children_of_its_template_
               " 'title.id': 'no', 'title.name': 'no', 'deep.height': 8}]");
     const auto& children = std::dynamic_pointer_cast<Container>(instance)->children();
     const auto label = std::dynamic_pointer_cast<nui::TextLabel>(children.front());
-    EXPECT_EQ(label->text(), "new");
+    EXPECT_EQ(label->getText(), "new");
     EXPECT_EQ(label->widthValue, 7);
     EXPECT_EQ(label->name + label->id, "title");
     EXPECT_EQ(instance->widthValue, 1);
     EXPECT_EQ(instance->findByName("deep")->heightValue, 8);
-    EXPECT_EQ(std::dynamic_pointer_cast<nui::TextLabel>(widgets.at("l"))->text(), "old");
+    EXPECT_EQ(std::dynamic_pointer_cast<nui::TextLabel>(widgets.at("l"))->getText(), "old");
 }
 
 TEST_F(layout_loader_test, a_dash_names_the_widget_built_before_and_a_hash_moves_one)
@@ -321,13 +321,13 @@ TEST_F(layout_loader_test, texts_are_looked_up_when_they_are_read_and_again_when
     nui::engine().lang->languageUnicode = "en";
     const auto label = std::dynamic_pointer_cast<nui::TextLabel>(
         built("'widgets': [{'id': 'w', 'class': 'TextLabel', 'text': 'OK'}]"));
-    EXPECT_EQ(label->text(), "Fine");
+    EXPECT_EQ(label->getText(), "Fine");
     nui::engine().lang->languageUnicode = "de";
     label->reloadText();
-    EXPECT_EQ(label->text(), "Gut");
+    EXPECT_EQ(label->getText(), "Gut");
     label->setText("OK");
     label->reloadText();
-    EXPECT_EQ(label->text(), "OK");
+    EXPECT_EQ(label->getText(), "OK");
 }
 
 } // namespace

@@ -34,7 +34,7 @@ void ToolTips::aimAt(Widget& widget)
     if (!isShowing())
         time_ = engine_.now() + RestTime;
     else
-        time_ = widget_->text() == widget.toolTip ? AtOnce : AtOnceFading;
+        time_ = widget_->getText() == widget.toolTip ? AtOnce : AtOnceFading;
 }
 
 void ToolTips::restAgain()

@@ -60,7 +60,7 @@ json tree_of(nui::Widget& widget)
 {
     json entry = {{"class", widget.className()}, {"id", widget.id}, {"name", widget.name}};
     if (const auto* const label = dynamic_cast<nui::TextLabel*>(&widget)) {
-        entry["text"] = label->text();
+        entry["text"] = label->getText();
     }
     add_place(entry, widget);
     entry["visibility"] = visibility_word(widget.visibility);
