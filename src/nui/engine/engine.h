@@ -2,6 +2,7 @@
 
 #include "nui/animation/timers.h"
 #include "nui/animation/tween.h"
+#include "nui/draw/cursor.h"
 #include "nui/draw/texture.h"
 #include "nui/engine/back_stack.h"
 #include "nui/engine/display_metrics.h"
@@ -108,6 +109,7 @@ public:
     BackStack backStack{*this};
     TweenManager tweens;
     TextureCache textures;
+    CursorPtr linkCursor; ///< what links show; made on first use
     Fonts fonts;
     std::unique_ptr<Lang> lang;
     std::shared_ptr<PopupMenu> textMenu; ///< what text fields open; null for none

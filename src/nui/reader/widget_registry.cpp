@@ -2,6 +2,7 @@
 
 #include "nui/widgets/default_tool_tip.h"
 #include "nui/widgets/pages_container.h"
+#include "nui/widgets/link_text_button.h"
 #include "nui/widgets/plain_widgets.h"
 #include "nui/widgets/progress_bar.h"
 #include "nui/widgets/screen.h"

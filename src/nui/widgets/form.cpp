@@ -43,7 +43,11 @@ Form::~Form()
         if (!item || !item->neighbours_ || item->neighbours_->form != this)
             continue;
         item->neighbours_.reset();
-        unsubscribe(*widgetOf(item), keyboard::Down, onKey);
+        Widget& widget = *widgetOf(item);
+        unsubscribe(widget, keyboard::Down, onKey);
+        unsubscribe(widget, keyboard::FocusGained, onFocusGained);
+        unsubscribe(widget, keyboard::FocusLost, onFocusLost);
+        unsubscribe(widget, touch::Leave, onFocusLost);
     }
 }
 
@@ -74,6 +78,24 @@ void Form::add(const WidgetPtr& widget, FormItem& item)
     // Behind the widget's own listener, which may swallow the key; never two forms at once.
     unsubscribe(*widget, keyboard::Down, onKey);
     subscribe(*widget, keyboard::Down, onKey, this);
+    subscribe(*widget, keyboard::FocusGained, onFocusGained, nullptr);
+    subscribe(*widget, keyboard::FocusLost, onFocusLost, nullptr);
+    subscribe(*widget, touch::Leave, onFocusLost, nullptr);
+    if (item.isDefault)
+        setDefaultItem(widget);
+}
+
+/// What has the keyboard looks as if the pointer were over it.
+void Form::onFocusGained(WidgetEvent& event)
+{
+    Widget& item = *event.target;
+    if (item.stateTemplates && item.stateTemplates->over)
+        item.applyTemplate(item.stateTemplates->over.get());
+}
+
+void Form::onFocusLost(WidgetEvent& event)
+{
+    event.target->resetState();
 }
 
 void Form::onKey(WidgetEvent& event)

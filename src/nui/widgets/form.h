@@ -16,9 +16,15 @@ class FormItem {
 public:
     FormItem() = default;
     /// A copy stands in no form yet.
-    FormItem(const FormItem& /*other*/) {}
-    FormItem& operator=(const FormItem& /*other*/) { return *this; }
+    FormItem(const FormItem& other) : isDefault(other.isDefault) {}
+    FormItem& operator=(const FormItem& other)
+    {
+        isDefault = other.isDefault;
+        return *this;
+    }
     virtual ~FormItem() = default;
+
+    bool isDefault = false; ///< what Return in the form activates; of several, the last
 
 private:
     friend class Form;
@@ -51,6 +57,9 @@ public:
 
 private:
     static void onKey(WidgetEvent& event);
+    static void onFocusGained(WidgetEvent& event);
+    /// Also for the pointer's leaving.
+    static void onFocusLost(WidgetEvent& event);
     void addItemsBelow(Container& container);
     void add(const WidgetPtr& widget, FormItem& item);
     void moveFocus(Widget& sender, bool forward) const;

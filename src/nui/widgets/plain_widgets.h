@@ -20,16 +20,6 @@ public:
     std::uint32_t group = 0;      ///< those of one group go with the popup among them; 0 is none
 };
 
-class TextButton : public Cloneable<TextButton, TextLabel>, public FormItem {
-public:
-    [[nodiscard]] const char* className() const override { return "TextButton"; }
-};
-
-class LinkTextButton : public Cloneable<LinkTextButton, TextLabel>, public FormItem {
-public:
-    [[nodiscard]] const char* className() const override { return "LinkTextButton"; }
-};
-
 class TextField : public Cloneable<TextField, TextLabel>, public FormItem {
 public:
     [[nodiscard]] const char* className() const override { return "TextField"; }
