@@ -24,9 +24,9 @@ bool may_change(const path& p, error_code& ec)
     return !ec;
 }
 
-bool may_overwrite(const path& p, error_code& ec)
+bool may_overwrite(const path& p, const fs::path& host, error_code& ec)
 {
-    ec = overwrite_refusal(p);
+    ec = overwrite_refusal(p, host);
     return !ec;
 }
 
@@ -61,7 +61,7 @@ error_code refusal_at(const path& place, bool is_itself, file_type made)
         if (made == fs::directory_file) {
             return make_error_code(boost::system::errc::file_exists);
         }
-        if (const error_code ec = overwrite_refusal(place)) {
+        if (const error_code ec = overwrite_refusal(place, to_host(place))) {
             return ec;
         }
     } else if (is_itself && made != fs::directory_file) {
@@ -82,8 +82,11 @@ void copy_with(copy_operation copy, const path& from, const path& to, error_code
         if (!ec) {
             plan->copy_file(from, to, misc::file_size(from), !missing(to));
         }
-    } else if (may_overwrite(to, ec)) {
-        copy(to_host(from), to_host(to), ec);
+    } else {
+        const fs::path host_target = to_host(to);
+        if (may_overwrite(to, host_target, ec)) {
+            copy(to_host(from), host_target, ec);
+        }
     }
 }
 
@@ -281,8 +284,11 @@ void rename(const path& from, const path& to, error_code& ec)
         if (!ec) {
             plan->rename(from, to);
         }
-    } else if (may_change(from, ec) && may_overwrite(to, ec)) {
-        fs::rename(to_host(from), to_host(to), ec);
+    } else if (may_change(from, ec)) {
+        const fs::path host_target = to_host(to);
+        if (may_overwrite(to, host_target, ec)) {
+            fs::rename(to_host(from), host_target, ec);
+        }
     }
 }
 
@@ -403,19 +409,21 @@ std::ofstream open_for_writing(const path& p, line_ends ends)
         }
         return {};
     }
-    if (overwrite_refusal(p)) {
+    const fs::path host = to_host(p);
+    if (overwrite_refusal(p, host)) {
         return {};
     }
-    return std::ofstream(to_host(p).c_str(),
+    return std::ofstream(host.c_str(),
                          ends == line_ends::as_written ? std::ios::binary : std::ios::out);
 }
 
 std::ofstream open_for_appending(const path& p)
 {
-    if (planned_changes::active() != nullptr || overwrite_refusal(p)) {
+    const fs::path host = to_host(p);
+    if (planned_changes::active() != nullptr || overwrite_refusal(p, host)) {
         return {};
     }
-    return std::ofstream(to_host(p).c_str(), std::ios::out | std::ios::app);
+    return std::ofstream(host.c_str(), std::ios::out | std::ios::app);
 }
 
 std::string describe(const filesystem_error& error)

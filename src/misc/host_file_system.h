@@ -29,8 +29,9 @@ std::string error_path_text(const boost::filesystem::path& p);
 
 /// An error if this machine forbids changes at `p`, beyond what the host itself will refuse.
 error_code change_refusal(const path& p);
-/// The same for replacing the content of a file, which a read-only file does not allow.
-error_code overwrite_refusal(const path& p);
+/// The same for replacing the content of a file, which a read-only file does not allow. `host` is
+/// to_host(p), which may take long to find.
+error_code overwrite_refusal(const path& p, const boost::filesystem::path& host);
 
 // What the host would refuse a change for, asked without making it.
 

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <string_view>
+#include <unordered_map>
 
 namespace nrd::installation {
 
@@ -33,6 +35,47 @@ template <class Vars> auto& find_in(Vars& vars, const text32& name)
     return *found;
 }
 
+/// Finds the variables of one text. Texts with many get an index, for else the time would grow with
+/// the number of variables times that of placeholders.
+class var_finder {
+public:
+    explicit var_finder(const std::vector<var>& vars) : vars_(vars) {}
+
+    /// The first of that name, or null.
+    const var* find(const text32& name)
+    {
+        installer_log("Finding var: " + to_utf8(name));
+        const var* const found = ++asked_ > worth_an_index ? find_in_index(name) : find_first(name);
+        installer_log((found != nullptr ? "Found " : "Can't find ") + to_utf8(name));
+        return found;
+    }
+
+private:
+    static constexpr int worth_an_index = 16;
+
+    const var* find_first(const text32& name) const
+    {
+        const auto found = position_of(vars_, name);
+        return found == vars_.end() ? nullptr : &*found;
+    }
+
+    const var* find_in_index(const text32& name)
+    {
+        if (index_.empty()) {
+            index_.reserve(vars_.size());
+            for (const var& each : vars_) {
+                index_.emplace(each.name, &each);
+            }
+        }
+        const auto found = index_.find(name);
+        return found == index_.end() ? nullptr : found->second;
+    }
+
+    const std::vector<var>& vars_;
+    std::unordered_map<std::u32string_view, const var*> index_;
+    int asked_ = 0;
+};
+
 } // namespace
 
 fileset::fileset(const text32& in, const text32& out, text32 create_folders)
@@ -43,11 +86,7 @@ fileset::fileset(const text32& in, const text32& out, text32 create_folders)
 
 const var* spec::look_up(const text32& name) const
 {
-    installer_log("Finding var: " + to_utf8(name));
-    const auto found = position_of(vars, name);
-    const bool is_there = found != vars.end();
-    installer_log((is_there ? "Found " : "Can't find ") + to_utf8(name));
-    return is_there ? &*found : nullptr;
+    return var_finder(vars).find(name);
 }
 
 bool spec::has_var(const text32& name) const
@@ -105,8 +144,9 @@ text32 spec::var_value(const text32& name) const
 
 text32 spec::expand(std::u32string_view text) const
 {
-    const auto lookup = [this](const text32& name, const text32& fallback) {
-        const var* const found = look_up(name);
+    var_finder finder(vars);
+    const auto lookup = [&finder](const text32& name, const text32& fallback) {
+        const var* const found = finder.find(name);
         return found != nullptr ? found->value : fallback;
     };
     return normalise_separators(substitute_vars(text, lookup));

@@ -33,19 +33,31 @@ bool exists(const std::string& host)
     return lstat(host.c_str(), &facts) == 0;
 }
 
+bool is_ascii_only(std::string_view text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
 /// The entry of `folder` that Windows would take for `name`; `name` itself if there is none.
 std::string find_without_case(const std::string& folder, const std::string& name)
 {
     const std::unique_ptr<DIR, close_directory> directory(
         opendir(folder.empty() ? "." : folder.c_str()));
     const std::u16string wanted = name_key(to_utf16(name));
+    const bool is_ascii = is_ascii_only(name);
     while (directory != nullptr) {
         const dirent* const entry = readdir(directory.get());
         if (entry == nullptr) {
             break;
         }
-        if (name_key(to_utf16(std::string_view(entry->d_name))) == wanted) {
-            return entry->d_name;
+        const std::string_view found = entry->d_name;
+        // Most names are told apart without being upper-cased as Windows does it.
+        if (is_ascii && found.size() != name.size() && is_ascii_only(found)) {
+            continue;
+        }
+        if (name_key(to_utf16(found)) == wanted) {
+            return std::string(found);
         }
     }
     return name;
@@ -120,12 +132,17 @@ std::string base_folder(const path& root_name, bool has_root_directory)
 
 std::string resolve(std::string folder, const std::vector<std::string>& names)
 {
+    std::string parent;
     std::string whole = folder;
     for (const std::string& name : names) {
+        parent = whole;
         whole = join(whole, name);
     }
     if (exists(whole)) {
         return whole;
+    }
+    if (names.size() > 1 && exists(parent)) {
+        return join(parent, find_without_case(parent, names.back()));
     }
     bool found = true;
     for (const std::string& name : names) {
@@ -221,12 +238,12 @@ error_code change_refusal(const path& p)
                               : make_error_code(boost::system::errc::invalid_argument);
 }
 
-error_code overwrite_refusal(const path& p)
+error_code overwrite_refusal(const path& p, const fs::path& host)
 {
     // The superuser could write to it all the same.
     struct stat facts;
-    const bool read_only = stat(to_host(p).c_str(), &facts) == 0 && S_ISREG(facts.st_mode) &&
-                           (facts.st_mode & S_IWUSR) == 0;
+    const bool read_only =
+        stat(host.c_str(), &facts) == 0 && S_ISREG(facts.st_mode) && (facts.st_mode & S_IWUSR) == 0;
     return read_only ? make_error_code(boost::system::errc::permission_denied) : change_refusal(p);
 }
 

@@ -62,7 +62,7 @@ error_code change_refusal(const path&)
     return {};
 }
 
-error_code overwrite_refusal(const path&)
+error_code overwrite_refusal(const path&, const boost::filesystem::path&)
 {
     return {};
 }

@@ -7,6 +7,8 @@
 #include "streams/installer_log.h"
 
 #include <boost/system/error_code.hpp>
+#include <set>
+#include <string>
 
 namespace nrd::installer::core {
 
@@ -56,18 +58,94 @@ void make_folder(const misc::path& folder, const failure_words& words, installer
     throw_if_failed(ec, words, folder, observer);
 }
 
-misc::error_code copy_one(const misc::path& in, const misc::path& target)
+/// What stands at a source, asked for once, since an installation is many small files.
+struct source_kind {
+    explicit source_kind(const misc::path& in) : type(misc::symlink_status(in).type())
+    {
+        is_link = type == boost::filesystem::symlink_file;
+        if (is_link) {
+            type = misc::status(in).type();
+        }
+    }
+
+    [[nodiscard]] bool is_missing() const
+    {
+        return type == boost::filesystem::status_error || type == boost::filesystem::file_not_found;
+    }
+
+    [[nodiscard]] bool is_folder() const
+    {
+        return type == boost::filesystem::directory_file && !is_link;
+    }
+
+    misc::file_type type; ///< of what a link leads to
+    bool is_link = false;
+};
+
+misc::error_code copy_one(const misc::path& in, const source_kind& kind, const misc::path& target)
 {
-    if (misc::symlink_status(in).type() == boost::filesystem::symlink_file) {
+    if (kind.is_link) {
         return logged_call("copy_symlink", {in, target},
                            [&](auto& ec) { misc::copy_symlink(in, target, ec); });
     }
-    if (misc::status(in).type() == boost::filesystem::regular_file) {
+    if (kind.type == boost::filesystem::regular_file) {
         return logged_call("copy_file", {in, target},
                            [&](auto& ec) { misc::copy_file(in, target, ec); });
     }
     return logged_call("copy", {in, target}, [&](auto& ec) { misc::copy_special(in, target, ec); });
 }
+
+/// Which names in a folder may be folders themselves. To ask for each file that is copied there
+/// takes as long as copying a small one: where a name has many spellings, a system knows that it is
+/// new only when it has read the whole folder.
+class folders_inside {
+public:
+    explicit folders_inside(const misc::path& folder)
+    {
+        try {
+            for (const misc::path& entry : misc::directory_entries(folder)) {
+                if (misc::is_directory(entry)) {
+                    add(entry.filename());
+                }
+            }
+        } catch (const misc::filesystem_error&) {
+            is_known_ = false;
+        }
+    }
+
+    void add(const misc::path& name) { names_.insert(key(name)); }
+    [[nodiscard]] bool may_contain(const misc::path& name) const
+    {
+        return !is_known_ || names_.contains(key(name));
+    }
+
+private:
+    static std::u16string key(const misc::path& name)
+    {
+        return misc::name_key(misc::to_utf16(to_text32(name)));
+    }
+
+    std::set<std::u16string> names_;
+    bool is_known_ = true;
+};
+
+void copy_single(const misc::path& in, const source_kind& kind, const misc::path& out,
+                 bool may_be_folder, installer_observer& observer)
+{
+    make_folder(out.parent_path(),
+                {"Does not have permission to create parent directory.",
+                 "Failed to create parent directories."},
+                observer);
+    const misc::path target = may_be_folder && misc::is_directory(out) ? out / in.filename() : out;
+    observer.report({"installing", 0, {to_text32(in.filename())}});
+    installer_log("Installing file.");
+    throw_if_failed(copy_one(in, kind, target),
+                    {"Does not have permission to install file.", "Failed to install file."},
+                    target, observer);
+}
+
+void copy_entry(const misc::path& in, const source_kind& kind, const misc::path& out,
+                bool may_be_folder, installer_observer& observer);
 
 void copy_directory(const misc::path& in, const misc::path& out, installer_observer& observer)
 {
@@ -75,23 +153,30 @@ void copy_directory(const misc::path& in, const misc::path& out, installer_obser
     make_folder(
         out, {"Does not have permission to create directories.", "Failed to create directories."},
         observer);
+    folders_inside there(out);
     for (const misc::path& entry : misc::directory_entries(in)) {
-        copy_recursive(entry, out / entry.filename(), observer);
+        const misc::path name = entry.filename();
+        const source_kind kind(entry);
+        copy_entry(entry, kind, out / name, there.may_contain(name), observer);
+        if (kind.is_folder()) {
+            there.add(name); // a file with this name in another spelling may follow
+        }
     }
 }
 
-void copy_single(const misc::path& in, const misc::path& out, installer_observer& observer)
+void copy_entry(const misc::path& in, const source_kind& kind, const misc::path& out,
+                bool may_be_folder, installer_observer& observer)
 {
-    make_folder(out.parent_path(),
-                {"Does not have permission to create parent directory.",
-                 "Failed to create parent directories."},
-                observer);
-    const misc::path target = misc::is_directory(out) ? out / in.filename() : out;
-    observer.report({"installing", 0, {to_text32(in.filename())}});
-    installer_log("Installing file.");
-    throw_if_failed(copy_one(in, target),
-                    {"Does not have permission to install file.", "Failed to install file."},
-                    target, observer);
+    if (kind.is_missing()) {
+        return;
+    }
+    installer_log("File in: " + to_utf8(in));
+    installer_log("File out: " + to_utf8(out));
+    if (kind.is_folder()) {
+        copy_directory(in, out, observer);
+    } else {
+        copy_single(in, kind, out, may_be_folder, observer);
+    }
 }
 
 /// Ends the run if the observer does not let it go on.
@@ -197,17 +282,7 @@ void install_file(const fileset& f, const spec& s, installer_observer& observer)
 
 void copy_recursive(const misc::path& in, const misc::path& out, installer_observer& observer)
 {
-    if (misc::missing(in)) {
-        return;
-    }
-    installer_log("File in: " + to_utf8(in));
-    installer_log("File out: " + to_utf8(out));
-    const bool is_link = misc::symlink_status(in).type() == boost::filesystem::symlink_file;
-    if (misc::is_directory(in) && !is_link) {
-        copy_directory(in, out, observer);
-    } else {
-        copy_single(in, out, observer);
-    }
+    copy_entry(in, source_kind(in), out, true, observer);
 }
 
 } // namespace nrd::installer::core

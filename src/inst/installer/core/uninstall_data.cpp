@@ -5,6 +5,7 @@
 #include "streams/installer_log.h"
 
 #include <array>
+#include <utility>
 
 namespace nrd::installer::core {
 
@@ -24,10 +25,9 @@ misc::text32 in_quotes(const misc::text32& text)
 }
 
 /// Settles one fileset of the uninstall spec; false if it is to go, and what takes its place has
-/// been added behind the others.
-bool settle_fileset(const spec& u, std::vector<fileset>& filesets, std::size_t index)
+/// been added to `found`.
+bool settle_fileset(const spec& u, fileset& f, std::deque<fileset>& found)
 {
-    const fileset f = filesets[index];
     const misc::path in = to_path(std::u32string_view(u.expand(f.in())));
     misc::path out = to_path(std::u32string_view(u.expand(f.out())));
     if (out.empty()) {
@@ -39,11 +39,27 @@ bool settle_fileset(const spec& u, std::vector<fileset>& filesets, std::size_t i
     if (!misc::is_directory(raw)) {
         out /= raw.filename();
     } else if (!misc::missing(out.parent_path())) {
-        expand_directory(u, filesets, in, out);
+        expand_directory(u, found, in, out);
         return false;
     }
-    filesets[index].set_out(to_text32(out));
+    f.set_out(to_text32(out));
     return true;
+}
+
+void settle_filesets(const spec& u, std::vector<fileset>& filesets)
+{
+    // A folder may hold very many files: they are moved once, when their number is known.
+    std::deque<fileset> found;
+    // From the last to the first: what the last folder turns into comes first behind the others.
+    for (std::size_t i = filesets.size(); i-- > 0;) {
+        if (!settle_fileset(u, filesets[i], found)) {
+            filesets.erase(filesets.begin() + static_cast<std::ptrdiff_t>(i));
+        }
+    }
+    filesets.reserve(filesets.size() + found.size());
+    for (; !found.empty(); found.pop_front()) {
+        filesets.push_back(std::move(found.front()));
+    }
 }
 
 } // namespace
@@ -71,18 +87,12 @@ spec create_uninstall_spec(const spec& work, const misc::text32& final_path)
     spec u = work;
     u.set_var(U"APP_INSTALL_PATH", final_path);
     for (package& pack : u.packages) {
-        // From the last to the first: what a folder turns into lands behind and is not visited.
-        for (std::size_t i = pack.filesets.size(); i-- > 0;) {
-            if (!settle_fileset(u, pack.filesets, i)) {
-                pack.filesets.erase(pack.filesets.begin() + static_cast<std::ptrdiff_t>(i));
-            }
-        }
-        pack.filesets.shrink_to_fit(); // up to half of the room was made ahead of need
+        settle_filesets(u, pack.filesets);
     }
     return u;
 }
 
-void expand_directory(const spec& s, std::vector<fileset>& filesets, const misc::path& in,
+void expand_directory(const spec& s, std::deque<fileset>& filesets, const misc::path& in,
                       const misc::path& out)
 {
     if (misc::missing(in)) {

@@ -3,7 +3,7 @@
 #include "inst/installation/spec.h"
 #include "misc/path.h"
 
-#include <vector>
+#include <deque>
 
 // What an installation leaves behind so that it can be removed.
 
@@ -20,8 +20,9 @@ void add_uninstall_keys(installation::spec& work, const misc::path& final_path);
 installation::spec create_uninstall_spec(const installation::spec& work,
                                          const misc::text32& final_path);
 
-/// Adds one fileset for each regular file below `in`.
-void expand_directory(const installation::spec& s, std::vector<installation::fileset>& filesets,
+/// Adds one fileset for each regular file below `in`, of which there may be very many: a deque
+/// grows without holding them twice.
+void expand_directory(const installation::spec& s, std::deque<installation::fileset>& filesets,
                       const misc::path& in, const misc::path& out);
 
 /// Writes the batch file that runs the uninstaller from a temporary copy of its folder and then

@@ -97,7 +97,7 @@ TEST_F(uninstall_data, each_out_of_the_uninstall_spec_names_a_file)
 
 TEST_F(uninstall_data, a_source_that_goes_meanwhile_brings_nothing)
 {
-    std::vector<installation::fileset> filesets;
+    std::deque<installation::fileset> filesets;
     const test::log_capture log;
     expand_directory({}, filesets, folder_ / "missing", folder_ / "out");
     EXPECT_TRUE(filesets.empty());

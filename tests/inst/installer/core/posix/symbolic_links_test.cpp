@@ -43,7 +43,7 @@ TEST_F(links, are_copied_as_links_and_what_cannot_be_copied_ends_the_run)
 
 TEST_F(links, count_for_the_uninstaller_as_what_they_lead_to)
 {
-    std::vector<installation::fileset> filesets;
+    std::deque<installation::fileset> filesets;
     expand_directory({}, filesets, package_.folder() / "tree", "out");
     std::string text;
     for (const installation::fileset& each : filesets) {
