@@ -58,6 +58,13 @@ TEST_F(file_installation, a_folder_is_copied_whole_and_out_takes_its_place)
     EXPECT_EQ(observer_.events(), "installing: b.txt\ninstalling: c.txt\ninstalling: c.txt\n");
 }
 
+TEST_F(file_installation, a_file_goes_into_a_folder_of_its_name_also_within_a_folder)
+{
+    misc::create_directories(out_ / "B.TXT");
+    EXPECT_EQ(copied(U"tree", U"${OUT}"),
+              "B.TXT\\\nB.TXT\\b.txt: new b\nnothing\\\nsub\\\nsub\\c.txt: c\n");
+}
+
 TEST_F(file_installation, what_is_there_is_overwritten_without_a_comparison)
 {
     test::write_file(out_ / "a.txt", "a newer and longer a");

@@ -5,6 +5,7 @@
 #include "support/file_content.h"
 
 #include <boost/filesystem/operations.hpp>
+#include <fstream>
 #include <sys/stat.h>
 
 // Only this system has links and special files that a package could bring.
@@ -39,6 +40,15 @@ TEST_F(links, are_copied_as_links_and_what_cannot_be_copied_ends_the_run)
     // A link onto a link is refused, unlike a file onto a file.
     EXPECT_NO_THROW(copy_recursive(package_.folder() / "tree\\file", out, observer_));
     EXPECT_ANY_THROW(copy_recursive(package_.folder() / "tree\\to_file", out, observer_));
+}
+
+TEST_F(links, a_file_goes_into_the_folder_that_came_before_it_in_another_spelling)
+{
+    const fs::path tree = misc::to_host(package_.folder() / "spellings");
+    fs::create_directories(tree / "NAME");
+    std::ofstream((tree / "name").string()) << "content";
+    copy_recursive(package_.folder() / "spellings", folder_ / "out", observer_);
+    EXPECT_TRUE(fs::is_regular_file(misc::to_host(folder_ / "out") / "NAME" / "name"));
 }
 
 TEST_F(links, count_for_the_uninstaller_as_what_they_lead_to)
