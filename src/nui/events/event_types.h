@@ -47,8 +47,10 @@ constexpr EventType Up = eventTag('N', 'E', 'Y', 'B');
 } // namespace keyboard
 
 namespace text {
-constexpr EventType Committed = eventTag('U', 'E', 'X', 'T');
-constexpr EventType Composing = eventTag('V', 'E', 'X', 'T');
+constexpr EventType Changed = eventTag('T', 'E', 'X', 'T'); ///< a field has been edited; bubbles
+constexpr EventType Committed = Changed + 1;
+constexpr EventType Composing = Changed + 2;
+constexpr EventType Pasting = Changed + 3; ///< a field is about to take the clipboard's text
 } // namespace text
 
 namespace window {

@@ -113,6 +113,7 @@ float TextButton::paddingOf(Axis axis) const
 
 void TextButton::measure()
 {
+    prepareText();
     if (isMeasured()) {
         float along = widthMode == Content ? Unbounded : width - paddingOf(Axis::X);
         float across = heightMode == Content ? Unbounded : height - paddingOf(Axis::Y);
