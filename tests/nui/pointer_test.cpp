@@ -243,7 +243,7 @@ TEST_F(pointer_test, a_drag_scrolls_nothing)
 TEST_F(pointer_test, a_tool_tip_waits_for_rest_and_shows_under_the_pointer)
 {
     const auto shown = [] {
-        return engine().toolTips.isShowing() ? engine().toolTips.widget()->text() : "";
+        return engine().toolTips.isShowing() ? engine().toolTips.widget()->getText() : "";
     };
     toolkit.move(10, 60);
     toolkit.clock.advance(700);

@@ -2,7 +2,7 @@
 
 #include "nui/engine/engine.h"
 #include "nui/events/dispatch.h"
-#include "nui/widgets/plain_widgets.h"
+#include "nui/widgets/overlay.h"
 #include "nui/widgets/screen.h"
 
 #include <vector>

@@ -37,6 +37,8 @@ std::string whatIsWrong(const LayoutFault& fault)
         return "no widget " + quoted(fault.detail) + " is known here";
     case MissingMenu:
         return "no menu " + quoted(fault.detail) + " is known here";
+    case NoImages:
+        return "the image array " + quoted(fault.detail) + " has no images";
     case WrongType:
         return quoted(fault.key) + " must be " + fault.detail;
     case UnknownValue:

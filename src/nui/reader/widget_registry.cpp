@@ -1,11 +1,25 @@
 #include "nui/reader/widget_registry.h"
 
 #include "nui/widgets/default_tool_tip.h"
-#include "nui/widgets/pages_container.h"
+#include "nui/widgets/drop_down.h"
+#include "nui/widgets/image_array.h"
+#include "nui/widgets/image_button.h"
 #include "nui/widgets/link_text_button.h"
+#include "nui/widgets/list_box.h"
+#include "nui/widgets/more_button.h"
+#include "nui/widgets/multi_state_button.h"
+#include "nui/widgets/number_text_field.h"
+#include "nui/widgets/ok_cancel_button.h"
+#include "nui/widgets/overlay.h"
+#include "nui/widgets/pages_container.h"
 #include "nui/widgets/plain_widgets.h"
 #include "nui/widgets/progress_bar.h"
 #include "nui/widgets/screen.h"
+#include "nui/widgets/selectable_image.h"
+#include "nui/widgets/selection_list.h"
+#include "nui/widgets/slider.h"
+#include "nui/widgets/solid_scrollbar.h"
+#include "nui/widgets/toggle_button.h"
 
 #include <cstdint>
 #include <utility>

@@ -6,7 +6,7 @@
 #include "nui/layout/placing_pass.h"
 #include "nui/reader/layout_loader.h"
 #include "nui/reader/nui_reader.h"
-#include "nui/widgets/plain_widgets.h"
+#include "nui/widgets/overlay.h"
 
 #include <algorithm>
 #include <array>

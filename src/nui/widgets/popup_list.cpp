@@ -1,0 +1,238 @@
+#include "nui/widgets/popup_list.h"
+
+#include "nui/engine/engine.h"
+#include "nui/events/dispatch.h"
+#include "nui/widgets/control_looks.h"
+#include "nui/widgets/list_box.h"
+#include "nui/widgets/screen.h"
+#include "nui/widgets/solid_scrollbar.h"
+#include "nui/widgets/text_label.h"
+
+#include <SDL_keycode.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace nui {
+
+namespace {
+
+constexpr float ScrollbarWidth = 12; ///< points
+constexpr float Frame = 1;           ///< pixels around the list
+constexpr float TextRoom = 14;       ///< points beside the text of an item
+
+std::shared_ptr<ListBox> listLike(const Widget* look)
+{
+    auto list = look == nullptr ? nullptr : std::dynamic_pointer_cast<ListBox>(look->clone());
+    if (!list) {
+        list = std::make_shared<ListBox>();
+        list->applyTemplate(look);
+    }
+    return list;
+}
+
+} // namespace
+
+PopupList::PopupList(const Widget* look)
+    : list_(listLike(look)), scrollbar_(std::make_shared<SolidScrollbar>())
+{
+    setControlColors(*this);
+    visibility = visibility::Overlapping;
+    layoutKind = LayoutKind::Horizontal;
+    padding = {Frame, Frame, Frame, Frame};
+    widthMode = Px;
+    heightMode = Px;
+    list_->margin = {};
+    list_->setInteractive(false);
+    for (Color* const edge :
+         {&list_->topColor, &list_->rightColor, &list_->bottomColor, &list_->leftColor})
+        *edge = 0;
+    scrollbar_->setContainer(list_);
+    add(list_);
+    add(scrollbar_);
+    for (const EventType type : {touch::Press, touch::Move, touch::Release})
+        subscribe(*this, type, onPointer, static_cast<Widget*>(this));
+}
+
+void PopupList::setItems(std::vector<std::string> keys)
+{
+    list_->setItems(std::move(keys));
+}
+
+void PopupList::openBelow(const WidgetPtr& widget)
+{
+    below_ = widget;
+    open();
+}
+
+void PopupList::openAt(Point position)
+{
+    below_.reset();
+    position_ = position;
+    open();
+}
+
+void PopupList::open()
+{
+    armed_ = false;
+    engine().showPopup(shared_from_this());
+    // The list shows its highlighted item once it has its size.
+    const std::int32_t shown = list_->current();
+    list_->select(ListBox::None);
+    list_->select(shown);
+}
+
+void PopupList::close()
+{
+    if (isOpen())
+        engine().closePopup();
+}
+
+bool PopupList::isOpen() const
+{
+    return Engine::exists() && engine().popups.open().get() == this;
+}
+
+void PopupList::choose(std::int32_t index)
+{
+    // Held, as the choice may let go of the list.
+    const WidgetPtr self = shared_from_this();
+    const Choice choice = choice_;
+    close();
+    if (choice)
+        choice(index);
+}
+
+bool PopupList::handleKey(WidgetEvent& event)
+{
+    if (!isOpen())
+        return false;
+    const std::int32_t key = static_cast<const KeyboardEvent&>(event).key;
+    const std::int32_t current = list_->current();
+    const std::int32_t next = list_->indexAfterKey(key, current);
+    if (next != ListBox::None)
+        list_->select(next);
+    else if (key == SDLK_ESCAPE || key == SDLK_TAB)
+        close();
+    else if ((key == SDLK_RETURN || key == SDLK_KP_ENTER || key == SDLK_SPACE) &&
+             current != ListBox::None)
+        choose(current);
+    // Tab goes on to the next item of the form.
+    if (key != SDLK_TAB)
+        event.consume();
+    return true;
+}
+
+void PopupList::onPointer(WidgetEvent& event)
+{
+    auto* const self = dynamic_cast<PopupList*>(static_cast<Widget*>(event.user));
+    if (self == nullptr)
+        return;
+    // The pointer may hold the scroll bar's thumb while it is over an item.
+    const Widget* const captured = engine().pointer.captured().get();
+    if (captured != nullptr && !self->list_->contains(captured))
+        return;
+    const auto& touched = static_cast<const TouchEvent&>(event);
+    ListBox& list = *self->list_;
+    const std::int32_t index =
+        list.itemAt({static_cast<float>(touched.x), static_cast<float>(touched.y)});
+    const bool usable =
+        index != ListBox::None && list.children()[static_cast<std::size_t>(index)]->touchEnabled;
+    if (event.type == touch::Release) {
+        if (usable && self->armed_ && (touched.buttons & pointer_button::Left) != 0)
+            self->choose(index);
+        return;
+    }
+    self->armed_ = true;
+    // What can be seen in part stays in part, as it would run away from under the pointer.
+    if (usable)
+        list.highlight(index);
+}
+
+float PopupList::widestText() const
+{
+    Font* const font = engine().fonts.defaultFont.get();
+    float widest = 0;
+    for (std::size_t index = 0; font != nullptr && index < list_->count(); ++index) {
+        TextLayout line;
+        const std::string text = list_->itemText(static_cast<std::int32_t>(index));
+        line.text = text;
+        line.wordWrap = false;
+        line.width = static_cast<float>(engine().metrics.width);
+        line.height = static_cast<float>(engine().metrics.height);
+        widest = std::max(widest, font->measureText(line).width);
+    }
+    return widest;
+}
+
+float PopupList::wantedWidth() const
+{
+    const float scale = engine().metrics.displayScale;
+    const WidgetPtr anchorWidget = below_.lock();
+    const float least = anchorWidget ? anchorWidget->width : 0;
+    const float wanted = std::ceil(widestText() + (TextRoom + ScrollbarWidth) * scale + 2 * Frame);
+    return std::max(least, wanted);
+}
+
+float PopupList::rowsHeight() const
+{
+    float rows = 0;
+    for (std::size_t index = 0; index < list_->count() && index < maxRows_; ++index) {
+        Widget& item = *list_->children()[index];
+        rows += item.height + item.margin.both(Axis::Y, 0);
+    }
+    return rows;
+}
+
+/// Below the anchor, if the list fits there or there is no more room above it.
+PopupList::Room PopupList::roomFor(float wanted) const
+{
+    const float windowHeight = parent == nullptr ? wanted : parent->height;
+    const WidgetPtr anchorWidget = below_.lock();
+    if (!anchorWidget) {
+        const float top = std::min(position_.y, windowHeight - wanted);
+        return {std::max(top, 0.0F), std::min(wanted, windowHeight)};
+    }
+    const float above = positionOnWindow(*anchorWidget).y;
+    const float bottom = above + anchorWidget->height;
+    const float below = windowHeight - bottom;
+    if (wanted <= below || below >= above)
+        return {bottom, std::min(wanted, std::max(below, 0.0F))};
+    const float used = std::min(wanted, above);
+    return {above - used, used};
+}
+
+bool PopupList::layout(std::uint32_t /*flags*/)
+{
+    const float windowWidth = parent == nullptr ? wantedWidth() : parent->width;
+    width = std::min(wantedWidth(), windowWidth);
+    list_->width = width - 2 * Frame;
+    list_->height = 0;
+    list_->layout(layout_flag::Force);
+    const float rows = rowsHeight();
+    height = roomFor(rows + 2 * Frame).height;
+    const bool scrolls = list_->count() > maxRows_ || height < rows + 2 * Frame;
+    const float barWidth = scrolls ? ScrollbarWidth * engine().metrics.displayScale : 0;
+    scrollbar_->visibility = scrolls ? visibility::Visible : visibility::Collapsed;
+    list_->width -= barWidth;
+    list_->height = height - 2 * Frame;
+    scrollbar_->width = barWidth;
+    scrollbar_->height = list_->height;
+    for (const WidgetPtr& child : children())
+        child->layout(layout_flag::Force);
+    setLayoutValid(true);
+    return true;
+}
+
+void PopupList::place()
+{
+    if (parent != nullptr) {
+        const WidgetPtr anchorWidget = below_.lock();
+        const float left = anchorWidget ? positionOnWindow(*anchorWidget).x : position_.x;
+        localX = std::max(0.0F, std::min(left, parent->width - width));
+        localY = roomFor(height).top;
+    }
+    Overlay::place();
+}
+
+} // namespace nui
