@@ -34,6 +34,12 @@ find_library(FTGL_LIBRARY ftgl REQUIRED)
 import_as(ftgl ${FTGL_LIBRARY} vs5::freetype vs5::opengl)
 target_include_directories(vs5::ftgl SYSTEM INTERFACE ${FTGL_INCLUDE})
 
+# Text as the desktop writes it; Windows has GDI for that.
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(PANGOCAIRO REQUIRED IMPORTED_TARGET pangocairo>=1.50)
+pkg_check_modules(FONTCONFIG REQUIRED IMPORTED_TARGET fontconfig)
+import_as(native_text PkgConfig::PANGOCAIRO PkgConfig::FONTCONFIG)
+
 if(VS5_SANITIZE STREQUAL "thread")
     # The thread sanitizer must see GoogleTest's own locks, so it is built along.
     add_subdirectory(/usr/src/googletest ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace nrd::misc {
 
@@ -35,5 +36,13 @@ struct screen_rectangle {
 
 /// The primary display without the task bar. Throws std::runtime_error if the system cannot tell.
 screen_rectangle get_screen_work_area();
+
+/// The user's language, as a locale name ("en-US") and by Windows' number: the language in the low
+/// ten bits, its country above. An empty name if the system cannot tell.
+std::string user_locale_name();
+std::uint16_t user_language_id();
+/// Three letters for the language of the calling thread's keyboard ("ENU", "JPN"); empty if the
+/// system cannot tell.
+std::string keyboard_language_name();
 
 } // namespace nrd::misc

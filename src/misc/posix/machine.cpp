@@ -53,6 +53,8 @@ machine read_machine(const std::filesystem::path& folder)
         const nlohmann::json facts = nlohmann::json::parse(file);
         result.bits = facts.value("bits", result.bits);
         result.user = facts.value("user", result.user);
+        result.language = facts.value("language", result.language);
+        result.keyboard = facts.value("keyboard", result.keyboard);
         result.denied = facts.value("denied", result.denied);
         result.locked = facts.value("locked", result.locked);
         result.denied_keys = facts.value("denied_keys", result.denied_keys);

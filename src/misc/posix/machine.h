@@ -10,8 +10,10 @@ namespace nrd::misc {
 /// registry, and `machine.json` says what only the machine knows.
 struct machine {
     std::filesystem::path folder;
-    int bits = 64;             ///< "bits": 64, or 32 for a Windows that has no IsWow64Process2
-    std::string user = "user"; ///< "user": the name of the profile folder
+    int bits = 64;                  ///< "bits": 64, or 32 for a Windows that has no IsWow64Process2
+    std::string user = "user";      ///< "user": the name of the profile folder
+    std::string language = "en-US"; ///< "language": the user's, a locale name
+    std::string keyboard = "ENU";   ///< "keyboard": its language, in Windows' three letters
     std::vector<std::string> denied; ///< "denied": nothing at or below these paths may be changed
     std::vector<std::string> locked; ///< "locked": files that some other program holds open
     std::vector<std::string> denied_keys; ///< "denied_keys": registry keys that refuse every access

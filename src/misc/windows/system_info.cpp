@@ -6,6 +6,17 @@
 
 namespace nrd::misc {
 
+namespace {
+
+template <int Size> std::string locale_text(LANGID language, LCTYPE item)
+{
+    char text[Size] = {};
+    GetLocaleInfoA(MAKELCID(language, SORT_DEFAULT), item, text, Size);
+    return text;
+}
+
+} // namespace
+
 bitness_facts query_bitness()
 {
     using is_wow64_process2 = BOOL(WINAPI*)(HANDLE, USHORT*, USHORT*);
@@ -36,6 +47,24 @@ screen_rectangle get_screen_work_area()
         throw std::runtime_error("SystemParametersInfo : " + std::to_string(GetLastError()));
     }
     return {area.left, area.top, area.right, area.bottom};
+}
+
+std::string user_locale_name()
+{
+    return locale_text<LOCALE_NAME_MAX_LENGTH>(GetUserDefaultUILanguage(), LOCALE_SNAME);
+}
+
+std::uint16_t user_language_id()
+{
+    return GetUserDefaultUILanguage();
+}
+
+std::string keyboard_language_name()
+{
+    constexpr int longest_name = 9;
+    // The low word of a layout's handle is its language.
+    const auto layout = reinterpret_cast<std::uintptr_t>(GetKeyboardLayout(0));
+    return locale_text<longest_name>(LOWORD(layout), LOCALE_SABBREVLANGNAME);
 }
 
 } // namespace nrd::misc

@@ -1,11 +1,13 @@
 #include "nui/engine/engine.h"
 
+#include "misc/system_info.h"
 #include "nui/draw/drawing.h"
 #include "nui/draw/gl_context.h"
 #include "nui/engine/event_handler.h"
 #include "nui/menus/popup_menu.h"
 #include "nui/reader/resource_path.h"
 #include "nui/reader/widget_registry.h"
+#include "nui/text/choose_fonts.h"
 #include "nui/widgets/screen.h"
 
 #include <SDL.h>
@@ -83,6 +85,7 @@ void Engine::close()
     // While there still is an engine for the widgets to ask; what is modal over others first.
     while (!theEngine()->screens.empty())
         theEngine()->screens.close(theEngine()->screens.all().rbegin()->second);
+    theEngine()->fonts = {};
     closeGl();
     delete std::exchange(theEngine(), nullptr);
 }
@@ -208,6 +211,16 @@ const TextureRef* Engine::loadTexture(const std::string& name)
 std::string Engine::resourcePath(const std::string& name) const
 {
     return joinPath(resourceDirectory, name);
+}
+
+bool Engine::changeLanguageAndFont(const char* selectedLang, bool detectInputLang,
+                                   const std::function<void(const std::string&)>& log)
+{
+    return nui::changeLanguageAndFont(fonts, *lang, selectedLang, detectInputLang,
+                                      {.systemFonts = SystemFonts::ofThisSystem(),
+                                       .deviceLanguage = Lang::getDeviceLanguage(),
+                                       .keyboardLanguage = nrd::misc::keyboard_language_name()},
+                                      log);
 }
 
 void Engine::setSystemMessageCallback(std::function<void(const NativeMessage&)> callback)

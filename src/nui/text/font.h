@@ -40,8 +40,9 @@ struct TextMarks {
     std::int32_t anchor = -1;
     Color caretColor = 0;
     Color selectionColor = 0;
-    float caretX = 0; ///< out: left upper corner of the caret's box, from that of the text's box
-    float caretY = 0;
+    float caretX = 0; ///< out: left edge of the caret's box, from that of the text's box
+    float caretY =
+        0; ///< out: just above the caret's line, where indexAtPoint finds the line before
 };
 
 /// The picture of a text, white with the coverage in alpha. Owns its texture; may outlive the

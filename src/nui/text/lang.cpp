@@ -1,5 +1,6 @@
 #include "nui/text/lang.h"
 
+#include "misc/system_info.h"
 #include "nui/reader/resource_file.h"
 
 #include <algorithm>
@@ -30,33 +31,43 @@ std::vector<std::string> cellsOf(std::string_view line)
     return cells;
 }
 
+/// Takes the line off the text.
+std::string_view nextLine(std::string_view& text)
+{
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    const std::string_view line = text.substr(0, end);
+    text.remove_prefix(std::min(end + 1, text.size()));
+    return line;
+}
+
+/// Nothing for a mark that was not found.
+void replaceMark(std::string& text, std::size_t place, const std::string& argument)
+{
+    constexpr std::size_t MarkLength = 2;
+    if (place != std::string::npos)
+        text.replace(place, MarkLength, argument);
+}
+
 } // namespace
 
-Lang::Lang(const std::string& path)
+void Lang::load(const std::string& path)
 {
     const std::string content = contentOf(path);
     std::string_view rest = content;
-    while (!rest.empty()) {
-        const std::size_t end = std::min(rest.find('\n'), rest.size());
-        readLine(cellsOf(rest.substr(0, end)));
-        if (headings_.empty())
-            return;
-        rest.remove_prefix(std::min(end + 1, rest.size()));
-    }
-}
-
-void Lang::readLine(std::vector<std::string> cells)
-{
-    if (headings_.empty()) {
-        headings_ = std::move(cells);
+    const std::vector<std::string> headings = cellsOf(nextLine(rest));
+    columnCount = static_cast<std::int32_t>(headings.size());
+    if (headings.empty())
         return;
-    }
-    if (cells.size() != headings_.size())
-        throw std::out_of_range("Language file is broken.");
-    for (std::size_t column = 1; column < cells.size(); ++column) {
-        const std::string& text = cells[column] == SameAsFirst ? cells[1] : cells[column];
-        // The first row of a key wins.
-        translations_.emplace(headings_[column] + cells[0], text);
+    translations_.clear();
+    while (!rest.empty()) {
+        const std::vector<std::string> cells = cellsOf(nextLine(rest));
+        if (cells.size() != headings.size())
+            throw std::out_of_range("Language file is broken.");
+        for (std::size_t column = 1; column < cells.size(); ++column) {
+            const std::string& text = cells[column] == SameAsFirst ? cells[1] : cells[column];
+            // The first row of a key wins.
+            translations_.emplace(headings[column] + cells[0], text);
+        }
     }
 }
 
@@ -69,6 +80,73 @@ std::string Lang::getString(const std::string& key) const
 bool Lang::has(const std::string& key) const
 {
     return translations_.contains(languageUnicode + key);
+}
+
+std::string Lang::format(const std::string& key, const std::string& arg1) const
+{
+    std::string text = getString(key);
+    replaceMark(text, text.find("%1"), arg1);
+    return text;
+}
+
+std::string Lang::format(const std::string& key, const std::string& arg1,
+                         const std::string& arg2) const
+{
+    std::string text = getString(key);
+    const std::size_t first = text.find("%1");
+    const std::size_t second = text.find("%2");
+    // From the back, so that no mark inside an argument is taken for one of the text.
+    if (first < second) {
+        replaceMark(text, second, arg2);
+        replaceMark(text, first, arg1);
+    } else {
+        replaceMark(text, first, arg1);
+        replaceMark(text, second, arg2);
+    }
+    return text;
+}
+
+bool Lang::usesDecimalComma() const
+{
+    // Not all of them are codes that the table has.
+    constexpr std::string_view WithComma[] = {"pt", "es", "fr", "de", "it", "nl",
+                                              "cz", "da", "sw", "po", "ru"};
+    return std::ranges::find(WithComma, languageCode) != std::end(WithComma);
+}
+
+std::string Lang::getDeviceLanguage()
+{
+    return deviceLanguageOf(nrd::misc::user_language_id());
+}
+
+std::string Lang::deviceLanguageOf(std::uint16_t id)
+{
+    constexpr std::uint16_t CustomLanguage = 0x1400;
+    constexpr std::uint16_t PrimaryLanguage = 0x3FF;
+    if (id == CustomLanguage)
+        return "en";
+    switch (id & PrimaryLanguage) {
+    case 22:
+        return "pt";
+    case 10:
+        return "es";
+    case 12:
+        return "fr";
+    case 7:
+        return "de";
+    case 18:
+        return "ko";
+    case 17:
+        return "jp";
+    default:
+        return "en";
+    }
+}
+
+void Lang::setLanguage(const std::string& code)
+{
+    languageUnicode = code;
+    languageCode = code.substr(0, 2);
 }
 
 } // namespace nui

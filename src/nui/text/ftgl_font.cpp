@@ -1,0 +1,209 @@
+#include "nui/text/ftgl_font.h"
+
+#include "nui/engine/engine.h"
+#include "nui/text/font_file.h"
+#include "nui/text/font_size.h"
+#include "nui/text/ftgl_face.h"
+#include "nui/text/placed_text.h"
+#include "nui/text/shown_text.h"
+
+#include <algorithm>
+
+namespace nui {
+
+namespace {
+
+constexpr std::size_t CacheSize = 32;
+constexpr float UnlimitedWidth = 1e9F;
+constexpr char32_t Ellipsis[] = U"...";
+
+/// Room that a text gets beyond its own box.
+float extraWidth(const FtglFace& face)
+{
+    return static_cast<float>(face.size()) / 5;
+}
+
+unsigned int resolution()
+{
+    constexpr float DotsPerPoint = 72;
+    const float scale = Engine::exists() ? engine().metrics.scale : 1;
+    return static_cast<unsigned int>(scale * DotsPerPoint);
+}
+
+std::int32_t lineCount(const TextLines& lines)
+{
+    return static_cast<std::int32_t>(lines.lines.size());
+}
+
+bool isBlank(char32_t character)
+{
+    return character == U' ';
+}
+
+/// Lays out what is left of a text that has too many lines, with "..." behind it.
+TextLines cutLines(FtglMetrics& metrics, std::u32string_view text, const TextLines& whole,
+                   std::int32_t maxLines, float width)
+{
+    const TextLines::Line& last = whole.lines[static_cast<std::size_t>(maxLines) - 1];
+    TextLines lines;
+    // At blanks if there are any, else anywhere: not all languages have blanks.
+    for (const bool anywhere : {false, true}) {
+        for (std::int32_t end = last.last; end > 0; --end) {
+            const auto place = static_cast<std::size_t>(end);
+            if (!anywhere && !isBlank(text[place]))
+                continue;
+            lines = metrics.layOut(std::u32string(text.substr(0, place)) + Ellipsis, width);
+            if (lineCount(lines) <= maxLines)
+                return lines;
+        }
+    }
+    return lines;
+}
+
+} // namespace
+
+FtglFont::FtglFont(const std::string& path)
+{
+    fontPath = path;
+}
+
+FtglFont::~FtglFont() = default;
+
+void FtglFont::setFont(const std::string& path)
+{
+    if (path == fontPath)
+        return;
+    cache_.clear();
+    faces_.clear();
+    file_.clear();
+    isFileRead_ = false;
+    fontPath = path;
+}
+
+FtglFace* FtglFont::faceFor(std::int16_t size)
+{
+    if (!isFileRead_) {
+        file_ = fontFileContent(fontPath);
+        isFileRead_ = true;
+    }
+    const std::int32_t points = effectiveFontSize(size);
+    const unsigned int dots = resolution();
+    std::unique_ptr<FtglFace>& face = faces_[{points, dots}];
+    if (!face)
+        face = std::make_unique<FtglFace>(file_, points, dots);
+    return face->isValid() ? face.get() : nullptr;
+}
+
+FtglFont::CachedLines& FtglFont::cached(const CachedLines& wanted, std::string_view text)
+{
+    const auto known = std::ranges::find_if(cache_, [&](const CachedLines& each) {
+        return each.face == wanted.face && each.width == wanted.width &&
+               each.maxLines == wanted.maxLines && each.kind == wanted.kind && each.text == text;
+    });
+    if (known != cache_.end()) {
+        cache_.splice(cache_.begin(), cache_, known);
+        return cache_.front();
+    }
+    if (cache_.size() == CacheSize)
+        cache_.pop_back();
+    CachedLines& lines = cache_.emplace_front(wanted);
+    lines.text = text;
+    return lines;
+}
+
+const TextLines* FtglFont::linesOf(FtglFace& face, const TextLayout& layout)
+{
+    if (!(layout.width > 0))
+        return nullptr;
+    CachedLines& cached = this->cached({.face = &face,
+                                        .width = layout.wordWrap ? layout.width : UnlimitedWidth,
+                                        .maxLines = layout.maxLines,
+                                        .kind = TextKind::Lines},
+                                       layout.text);
+    if (cached.state == CachedLines::New)
+        layOut(cached, face);
+    return cached.state == CachedLines::Valid ? &cached.lines : nullptr;
+}
+
+void FtglFont::layOut(CachedLines& cached, FtglFace& face)
+{
+    const std::u32string text = shownText(cached.text);
+    cached.lines = face.metrics().layOut(text, cached.width);
+    cached.state = CachedLines::Valid;
+    if (cached.maxLines <= 0 || lineCount(cached.lines) <= cached.maxLines)
+        return;
+    const auto last = static_cast<std::size_t>(cached.maxLines) - 1;
+    if (cached.lines.lines[last].first < 0)
+        cached.state = CachedLines::Invalid;
+    else
+        cached.lines = cutLines(face.metrics(), text, cached.lines, cached.maxLines, cached.width);
+}
+
+const TextLines& FtglFont::lineOf(FtglFace& face, const std::string& text)
+{
+    CachedLines& cached =
+        this->cached({.face = &face, .width = UnlimitedWidth, .kind = TextKind::OneLine}, text);
+    if (cached.state == CachedLines::New) {
+        std::u32string characters = shownText(text);
+        std::ranges::replace(characters, U'\n', U' ');
+        cached.lines = face.metrics().layOut(characters, UnlimitedWidth);
+        cached.state = CachedLines::Valid;
+    }
+    return cached.lines;
+}
+
+TextSize FtglFont::measureText(const TextLayout& layout)
+{
+    FtglFace* const face = faceFor(layout.size);
+    const TextLines* const lines = face != nullptr ? linesOf(*face, layout) : nullptr;
+    if (lines == nullptr)
+        return {};
+    return {lines->width + extraWidth(*face),
+            static_cast<float>(lines->lines.size()) * face->metrics().lineHeight()};
+}
+
+float FtglFont::getLineHeight(std::int16_t size, std::int32_t lines)
+{
+    FtglFace* const face = faceFor(size);
+    return face != nullptr ? face->metrics().lineHeight() * static_cast<float>(lines) : 0;
+}
+
+float FtglFont::getTextWidth(const std::string& text, std::int16_t size)
+{
+    FtglFace* const face = faceFor(size);
+    return face != nullptr ? lineOf(*face, text).width + extraWidth(*face) : 0;
+}
+
+std::int32_t FtglFont::indexAtX(const std::string& text, std::int16_t size, float x)
+{
+    FtglFace* const face = faceFor(size);
+    if (face == nullptr)
+        return 0;
+    // The place of a character is the width of what is in front of it.
+    const std::vector<TextLines::Character>& places = lineOf(*face, text).characters;
+    const auto next = std::ranges::find_if(places, [x](const auto& each) { return each.x >= x; });
+    if (next == places.begin())
+        return 0;
+    const bool nextIsNearer = next != places.end() && next->x - x <= x - next[-1].x;
+    return static_cast<std::int32_t>(next - places.begin()) - (nextIsNearer ? 0 : 1);
+}
+
+std::int32_t FtglFont::indexAtPoint(const TextLayout& layout, Point point)
+{
+    FtglFace* const face = faceFor(layout.size);
+    const TextLines* const lines = face != nullptr ? linesOf(*face, layout) : nullptr;
+    if (lines == nullptr || lines->length() == 0)
+        return -1;
+    return PlacedText(*face, *lines, layout).indexAt(point);
+}
+
+void FtglFont::draw(const TextLayout& layout, Point position, Color color, TextMarks* marks,
+                    std::shared_ptr<RenderedText>* /*picture*/)
+{
+    FtglFace* const face = faceFor(layout.size);
+    const TextLines* const lines = face != nullptr ? linesOf(*face, layout) : nullptr;
+    if (lines != nullptr)
+        PlacedText(*face, *lines, layout).draw(position, color, marks);
+}
+
+} // namespace nui

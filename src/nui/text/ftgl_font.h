@@ -1,0 +1,68 @@
+#pragma once
+
+#include "nui/text/font.h"
+#include "nui/text/text_lines.h"
+
+#include <cstdint>
+#include <list>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace nui {
+
+class FtglFace;
+
+/// Draws text from a font file glyph by glyph, and knows the place of each character, as fields
+/// need. A file that is missing, or no font, is a font without glyphs: nothing shows, and there is
+/// no layout.
+class FtglFont : public Font {
+public:
+    explicit FtglFont(const std::string& path);
+    ~FtglFont() override;
+
+    /// `picture` is left alone.
+    void draw(const TextLayout& layout, Point position, Color color, TextMarks* marks,
+              std::shared_ptr<RenderedText>* picture) override;
+    [[nodiscard]] std::int32_t indexAtPoint(const TextLayout& layout, Point point) override;
+    [[nodiscard]] TextSize measureText(const TextLayout& layout) override;
+    /// A path; see Font::fontPath.
+    void setFont(const std::string& path) override;
+    [[nodiscard]] float getLineHeight(std::int16_t size, std::int32_t lines) override;
+    [[nodiscard]] float getTextWidth(const std::string& text, std::int16_t size) override;
+    [[nodiscard]] std::int32_t indexAtX(const std::string& text, std::int16_t size,
+                                        float x) override;
+
+private:
+    enum class TextKind : std::uint8_t { Lines, OneLine };
+    /// The lines of a text, and what they depend on.
+    struct CachedLines {
+        enum State : std::uint8_t { New, Valid, Invalid };
+
+        std::string text = {};
+        const FtglFace* face = nullptr;
+        float width = 0;
+        std::int32_t maxLines = 0;
+        TextKind kind = TextKind::Lines;
+        State state = New;
+        TextLines lines = {};
+    };
+
+    [[nodiscard]] FtglFace* faceFor(std::int16_t size);
+    /// Null if there is no layout. Valid until the next call.
+    [[nodiscard]] const TextLines* linesOf(FtglFace& face, const TextLayout& layout);
+    /// All of a text on one line, line feeds too.
+    [[nodiscard]] const TextLines& lineOf(FtglFace& face, const std::string& text);
+    /// What is there of the text in the cache, which it is in afterwards.
+    [[nodiscard]] CachedLines& cached(const CachedLines& wanted, std::string_view text);
+    static void layOut(CachedLines& cached, FtglFace& face);
+
+    std::string file_; ///< the content of the font's file
+    bool isFileRead_ = false;
+    std::map<std::pair<std::int32_t, unsigned int>, std::unique_ptr<FtglFace>> faces_;
+    std::list<CachedLines> cache_; ///< what was asked for last in front
+};
+
+} // namespace nui

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "nui/text/text_lines.h"
+
+#include <FTGL/ftgl.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace nui {
+
+/// FTGL's own measures of a face, without anything to draw, and so without GL. It lets the
+/// library's layout draw into a record, which tells where every character stands.
+class FtglMetrics : private FTFont {
+public:
+    /// How glyphs are loaded: outlines fitted to the rows of pixels, never to the columns, which
+    /// keeps their widths true.
+    static constexpr FT_Int LoadFlags = FT_LOAD_TARGET_LIGHT | FT_LOAD_NO_BITMAP;
+
+    /// `file` is a font file's content, and outlives the object.
+    FtglMetrics(const std::string& file, unsigned int size, unsigned int resolution);
+
+    /// False for a file that is no font: then nothing else may be called.
+    [[nodiscard]] bool isValid() const { return Error() == 0; }
+    [[nodiscard]] float ascender() const { return Ascender(); }
+    [[nodiscard]] float descender() const { return -Descender(); }
+    [[nodiscard]] float lineHeight() const { return FTFont::LineHeight(); }
+
+    /// `width` is where lines wrap.
+    [[nodiscard]] TextLines layOut(std::u32string_view text, float width);
+
+private:
+    FTGlyph* MakeGlyph(FT_GlyphSlot slot) override;
+    FTBBox BBox(const wchar_t* text, int length, FTPoint position, FTPoint spacing) override;
+    float Advance(const wchar_t* text, int length, FTPoint spacing) override;
+    FTPoint Render(const wchar_t* text, int length, FTPoint position, FTPoint spacing,
+                   int renderMode) override;
+    [[nodiscard]] float LineHeight() const override;
+
+    using FTFont::Advance;
+    using FTFont::BBox;
+    using FTFont::Render;
+
+    void setText(std::u32string_view text);
+    void completeRecord();
+    void countIn(std::size_t index);
+    void finishLines();
+    [[nodiscard]] std::size_t indexOf(const wchar_t* place) const;
+    [[nodiscard]] FTBBox boxAt(std::size_t index);
+    [[nodiscard]] float advanceAt(std::size_t index);
+
+    std::wstring wide_; ///< of the text being laid out: one unit a character
+    TextLines record_;
+    mutable std::int32_t lineBreaks_ = 0;
+};
+
+} // namespace nui

@@ -1,0 +1,205 @@
+#include "nui/text/native_text.h"
+
+#include "misc/text.h"
+#include "nui/draw/gl_context.h"
+#include "nui/engine/window_handle.h"
+#include "nui/text/shown_text.h"
+
+#include <SDL2/SDL.h>
+#include <SDL2/SDL_syswm.h>
+#include <windows.h>
+
+#include <algorithm>
+#include <type_traits>
+
+namespace nui {
+
+namespace {
+
+struct DeleteObjectOfGdi {
+    void operator()(HGDIOBJ object) const { DeleteObject(object); }
+};
+struct DeleteContext {
+    void operator()(HDC context) const { DeleteDC(context); }
+};
+using FontHandle = std::unique_ptr<std::remove_pointer_t<HFONT>, DeleteObjectOfGdi>;
+using BitmapHandle = std::unique_ptr<std::remove_pointer_t<HBITMAP>, DeleteObjectOfGdi>;
+using ContextHandle = std::unique_ptr<std::remove_pointer_t<HDC>, DeleteContext>;
+
+/// Puts an object into a device context while it lives.
+class Selected {
+public:
+    Selected(HDC context, HGDIOBJ object)
+        : context_(context), before_(SelectObject(context, object))
+    {
+    }
+    ~Selected() { SelectObject(context_, before_); }
+    Selected(const Selected&) = delete;
+    Selected& operator=(const Selected&) = delete;
+
+private:
+    HDC context_;
+    HGDIOBJ before_;
+};
+
+/// The current window's context, else one of its own.
+class WindowContext {
+public:
+    WindowContext() : window_(currentNativeWindow())
+    {
+        if (window_ != nullptr)
+            context_ = GetDC(window_);
+        if (context_ == nullptr) {
+            own_.reset(CreateCompatibleDC(nullptr));
+            context_ = own_.get();
+        }
+    }
+    ~WindowContext()
+    {
+        if (!own_)
+            ReleaseDC(window_, context_);
+    }
+    WindowContext(const WindowContext&) = delete;
+    WindowContext& operator=(const WindowContext&) = delete;
+
+    [[nodiscard]] HDC get() const { return context_; }
+
+private:
+    static HWND currentNativeWindow()
+    {
+        const WindowHandle* const window = currentWindow();
+        SDL_SysWMinfo info = {};
+        SDL_VERSION(&info.version)
+        const bool known = window != nullptr && window->sdlWindow() != nullptr &&
+                           SDL_GetWindowWMInfo(window->sdlWindow(), &info) == SDL_TRUE;
+        return known ? info.info.win.window : nullptr;
+    }
+
+    HWND window_;
+    HDC context_ = nullptr;
+    ContextHandle own_;
+};
+
+std::wstring shownWide(const std::string& text)
+{
+    const std::u16string units = nrd::misc::to_utf16(shownText(text));
+    return {units.begin(), units.end()};
+}
+
+/// Flags that measuring and drawing have in common.
+UINT textFormat(bool wrap)
+{
+    // As in an edit control, words that are too long wrap too, and text that is cut at the lower
+    // edge ends in an ellipsis.
+    return DT_NOPREFIX | DT_EDITCONTROL | (wrap ? DT_WORDBREAK : 0U);
+}
+
+UINT alignmentFormat(TextAlignment alignment)
+{
+    switch (alignment) {
+    case TextAlignment::Center:
+        return DT_CENTER;
+    case TextAlignment::Right:
+        return DT_RIGHT;
+    default:
+        return DT_LEFT;
+    }
+}
+
+/// Pixels of four bytes from the top; `pixels` lives as long as the bitmap.
+BitmapHandle pixelBitmap(HDC context, LONG width, LONG height, void** pixels)
+{
+    BITMAPINFO info = {};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = -height;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    info.bmiHeader.biCompression = BI_RGB;
+    return BitmapHandle(CreateDIBSection(context, &info, DIB_RGB_COLORS, pixels, nullptr, 0));
+}
+
+} // namespace
+
+struct NativeFace {
+    FontHandle font;
+    ContextHandle context{CreateCompatibleDC(nullptr)};
+    std::int32_t lineHeight = 0;
+};
+
+void CloseNativeFace::operator()(NativeFace* face) const
+{
+    const std::unique_ptr<NativeFace> owned(face);
+}
+
+void setNativeTextLanguage(const std::string& /*code*/)
+{
+    // A face has one shape of each character.
+}
+
+NativeFacePtr openNativeFace(const std::string& name, std::int32_t pixels)
+{
+    LOGFONTW record = {};
+    record.lfHeight = -pixels;
+    record.lfCharSet = DEFAULT_CHARSET;
+    record.lfQuality = CLEARTYPE_QUALITY;
+    const std::u16string units = nrd::misc::to_utf16(name);
+    std::copy_n(units.begin(), std::min<std::size_t>(units.size(), LF_FACESIZE - 1),
+                record.lfFaceName);
+
+    auto face = std::make_unique<NativeFace>();
+    face->font.reset(CreateFontIndirectW(&record));
+    const WindowContext context;
+    const Selected font(context.get(), face->font.get());
+    TEXTMETRICA metrics = {};
+    GetTextMetricsA(context.get(), &metrics);
+    face->lineHeight = metrics.tmHeight;
+    return NativeFacePtr(face.release());
+}
+
+std::int32_t nativeLineHeight(const NativeFace& face)
+{
+    return face.lineHeight;
+}
+
+PixelSize measureNativeText(const NativeFace& face, const std::string& text, std::int32_t width,
+                            bool wrap)
+{
+    std::wstring units = shownWide(text);
+    if (units.empty())
+        return {};
+    const Selected font(face.context.get(), face.font.get());
+    RECT box = {0, 0, width, 0};
+    DrawTextW(face.context.get(), units.data(), static_cast<int>(units.size()), &box,
+              textFormat(wrap) | DT_CALCRECT);
+    return {box.right, box.bottom};
+}
+
+void drawNativeText(const NativeFace& face, const std::string& text, const NativeTextBox& box,
+                    Coverage& picture)
+{
+    std::wstring units = shownWide(text);
+    const HDC context = face.context.get();
+    void* pixels = nullptr;
+    const BitmapHandle bitmap = pixelBitmap(context, picture.width, picture.height, &pixels);
+    if (!bitmap)
+        return;
+    const Selected drawnInto(context, bitmap.get());
+    const Selected font(context, face.font.get());
+    SetTextColor(context, RGB(255, 255, 255));
+    SetBkMode(context, TRANSPARENT);
+    RECT place = {0, box.top, picture.width, box.top + box.lines * face.lineHeight};
+    DrawTextW(context, units.data(), static_cast<int>(units.size()), &place,
+              textFormat(box.wrap) | alignmentFormat(box.alignment) | DT_END_ELLIPSIS);
+    GdiFlush();
+    // White on black: a channel is a share. Where they differ by the pixel's parts, their mean is
+    // what the eye sees from afar.
+    const auto* const colors = static_cast<const RGBQUAD*>(pixels);
+    std::transform(colors, colors + picture.pixels.size(), picture.pixels.begin(),
+                   [](const RGBQUAD& color) {
+                       return static_cast<std::uint8_t>(
+                           (color.rgbRed + color.rgbGreen + color.rgbBlue + 1) / 3);
+                   });
+}
+
+} // namespace nui
