@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <string_view>
 
 // The fonts here are fontconfig's.
 
@@ -89,6 +90,16 @@ constexpr StandIn StandIns[] = {
     {"Microsoft JhengHei UI", "zh-tw"},
 };
 
+/// A plain face goes by its family alone, as on Windows.
+std::string displayName(FcPattern* font)
+{
+    constexpr std::string_view Plain = " Regular";
+    std::string name = textOf(font, FC_FULLNAME);
+    if (name.ends_with(Plain))
+        name.erase(name.size() - Plain.size());
+    return name;
+}
+
 void addFont(std::vector<SystemFont>& fonts, FcPattern* font, const std::string& family)
 {
     const std::optional<std::int32_t> index = indexOf(font);
@@ -116,7 +127,7 @@ std::vector<SystemFont> nativeFonts()
     const Owned<FcFontSet> all(FcFontList(nullptr, any.get(), properties.get()));
     std::vector<SystemFont> fonts;
     for (int i = 0; all && i < all->nfont; ++i)
-        addFont(fonts, all->fonts[i], textOf(all->fonts[i], FC_FULLNAME));
+        addFont(fonts, all->fonts[i], displayName(all->fonts[i]));
     for (const StandIn& standIn : StandIns)
         withFontFor(standIn.language, [&](FcPattern* font) { addFont(fonts, font, standIn.face); });
     return fonts;
