@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Makes a package complete: copies the project's package folder to where the programs are.
 
-`resources` goes beside the programs, everything else to the package's root. A file that is
-up to date is left alone; a file that neither the folder nor the list of programs has is
+`resources` goes beside the programs, everything else to the package's root; the fonts are no
+part of the project and go to `resources/fonts`. A file that is up to date is left alone; a file that neither the folder nor the list of programs has is
 removed.
 """
 
@@ -13,9 +13,9 @@ import shutil
 from pathlib import Path
 
 
-def wanted_files(source, program_folder):
-    """Every file of the source folder, by its path in the package."""
-    files = {}
+def wanted_files(source, fonts, program_folder):
+    """Every file of the source folder and of that of the fonts, by its path in the package."""
+    files = {program_folder / "resources/fonts" / path.name: path for path in fonts.iterdir()}
     for path in source.rglob("*"):
         if path.is_file():
             relative = path.relative_to(source)
@@ -61,12 +61,13 @@ def copy(files, folders, package):
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--source", type=Path, required=True)
+    parser.add_argument("--fonts", type=Path, required=True)
     parser.add_argument("--package", type=Path, required=True)
     parser.add_argument("--program-folder", type=Path, required=True)
     parser.add_argument("--programs", type=Path, nargs="*", default=[])
     options = parser.parse_args()
 
-    files = wanted_files(options.source, options.program_folder)
+    files = wanted_files(options.source, options.fonts, options.program_folder)
     programs = [program.relative_to(options.package) for program in options.programs]
     folders = wanted_folders(options.source, options.program_folder, files, programs)
     remove_others(options.package, {*files, *programs}, folders)

@@ -29,6 +29,7 @@ function(finish_package)
     add_custom_target(package ALL
         COMMAND ${PROJECT_SOURCE_DIR}/cmake/assemble_package.py
             --source ${PROJECT_SOURCE_DIR}/package
+            --fonts ${VS5_FONTS}
             --package ${VS5_PACKAGE_ROOT}
             --program-folder ${VS5_PROGRAM_FOLDER}
             --programs ${files}

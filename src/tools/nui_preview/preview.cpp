@@ -13,6 +13,7 @@
 #include <SDL2/SDL.h>
 
 #include <cstring>
+#include <memory>
 
 namespace nrd::tools::preview {
 
@@ -25,6 +26,13 @@ std::string& last_log_line()
 {
     static std::string line;
     return line;
+}
+
+/// The toolkit's log lines begin with words for its own log.
+std::string reason_of(const std::string& log_line)
+{
+    const std::size_t end = log_line.find(": ");
+    return end == std::string::npos ? log_line : log_line.substr(end + 2);
 }
 
 /// Standard error is for sentences about the layout file; a failure quotes the line that tells.
@@ -42,6 +50,16 @@ bool has_driver(const char* name)
         }
     }
     return false;
+}
+
+/// A package that has not been assembled has no fonts yet; the program's own has.
+void use_own_fonts_if_needed()
+{
+    std::string& folder = nui::engine().fonts.fontsDir;
+    if (!std::filesystem::exists(host_path(folder))) {
+        const std::unique_ptr<char, decltype(&SDL_free)> program(SDL_GetBasePath(), SDL_free);
+        folder = std::string(program ? program.get() : "") + "resources/fonts";
+    }
 }
 
 /// Systems whose display cannot be absent do not have the driver that needs none.
@@ -128,10 +146,14 @@ void preview::start_toolkit()
         throw failure(std::string("There is no display to open a window on: ") + SDL_GetError() +
                       ".");
     }
+    if (options_.resources && !std::filesystem::is_directory(host_path(*options_.resources))) {
+        throw failure("There is no folder " + *options_.resources + ".");
+    }
     file_ = absolute_name(options_.file);
     nui::Engine::start(options_.resources ? absolute_name(*options_.resources)
                                           : resources_of(file_));
     toolkit_started_ = true;
+    use_own_fonts_if_needed();
     nui::engine().changeLanguageAndFont(options_.lang.c_str(), false, [](const std::string&) {});
 }
 
@@ -151,7 +173,7 @@ bool preview::open_layout()
     }
     loaded.screen->openWindow();
     if (!loaded.screen->isOpen()) {
-        throw failure("The window could not be opened: " + last_log_line() + ".");
+        throw failure("The window could not be opened: " + reason_of(last_log_line()) + ".");
     }
     show(loaded.screen);
     return true;
