@@ -211,6 +211,23 @@ TEST(machine, the_registry_file_is_kept_readable_and_a_broken_one_is_named)
     EXPECT_THROW(key_exists(U"SOFTWARE"), std::invalid_argument);
 }
 
+TEST(machine, the_user_has_a_language_and_a_keyboard)
+{
+    const scratch_machine machine;
+    EXPECT_EQ(user_locale_name(), "en-US");
+    EXPECT_EQ(user_language_id(), 9);
+    EXPECT_EQ(keyboard_language_name(), "ENU");
+
+    machine.set_facts(R"({"language": "ko-KR", "keyboard": "JPN"})");
+    EXPECT_EQ(user_locale_name(), "ko-KR");
+    EXPECT_EQ(user_language_id(), 18);
+    EXPECT_EQ(keyboard_language_name(), "JPN");
+
+    machine.set_facts(R"({"language": "eo", "keyboard": ""})");
+    EXPECT_EQ(user_language_id(), 0x1400);
+    EXPECT_EQ(keyboard_language_name(), "");
+}
+
 } // namespace
 
 } // namespace nrd::misc
