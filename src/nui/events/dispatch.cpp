@@ -11,6 +11,11 @@ void subscribe(Widget& widget, EventType type, ListenerList::Function function, 
     widget.listenerList().subscribe(type, function, user);
 }
 
+void subscribeFirst(Widget& widget, EventType type, ListenerList::Function function, void* user)
+{
+    widget.listenerList().subscribeFirst(type, function, user);
+}
+
 void unsubscribe(Widget& widget, EventType type, ListenerList::Function function)
 {
     if (widget.listeners())

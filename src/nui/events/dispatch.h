@@ -9,6 +9,8 @@ namespace nui {
 /// See ListenerListOf. A widget that is its own user passes itself as Widget*, else its clones
 /// could not take its place.
 void subscribe(Widget& widget, EventType type, ListenerList::Function function, void* user);
+/// In front of the others, to go before what the widget itself does with the event.
+void subscribeFirst(Widget& widget, EventType type, ListenerList::Function function, void* user);
 void unsubscribe(Widget& widget, EventType type, ListenerList::Function function);
 
 /// Gives the event to the widget's own listeners. At the target, the widget becomes the event's

@@ -60,6 +60,14 @@ public:
         entries_.push_back(added);
     }
 
+    /// As subscribe(), but in front of the others. Not while the list is being called.
+    void subscribeFirst(EventType type, Function function, void* user)
+    {
+        const Entry added{type, function, user};
+        removeIf([&added](const Entry& entry) { return entry == added; });
+        entries_.insert(entries_.begin(), added);
+    }
+
     /// Removes every entry of the type and function, whatever its user pointer.
     void unsubscribe(EventType type, Function function)
     {

@@ -36,13 +36,17 @@ bool hasFocus(Widget& widget)
            engine().keyboard.focusScreen.get() == screen;
 }
 
-void drawFocusFrame(Widget& widget)
+void drawFrame(const Widget& widget)
 {
-    if (!hasFocus(widget))
-        return;
     setColor(control_color::Accent, widget.drawAlpha);
     // One pixel inside, as the border is drawn last.
     rectOutline(widget.x + 1.5F, widget.y + 1.5F, widget.width - 3, widget.height - 3);
+}
+
+void drawFocusFrame(Widget& widget)
+{
+    if (hasFocus(widget))
+        drawFrame(widget);
 }
 
 void drawArrow(Point center, float halfSize, Axis axis, bool towardsStart)

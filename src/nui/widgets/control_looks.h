@@ -30,7 +30,9 @@ void fadeIfDisabled(Widget& widget);
 /// Whether the widget has the keyboard of its window.
 [[nodiscard]] bool hasFocus(Widget& widget);
 
-/// A frame along the inside of the rectangle, if the widget has the keyboard.
+/// A frame along the inside of the rectangle, which shows where the keyboard is.
+void drawFrame(const Widget& widget);
+/// The frame, if the widget has the keyboard.
 void drawFocusFrame(Widget& widget);
 
 /// A filled triangle around a centre that points up or left, or else down or right.

@@ -8,6 +8,7 @@
 #include "nui/widgets/list_box.h"
 #include "nui/widgets/popup_list.h"
 #include "nui/widgets/screen.h"
+#include "nui/widgets/template_items.h"
 #include "nui/widgets/text_label.h"
 
 #include <SDL_keycode.h>
@@ -23,12 +24,6 @@ constexpr float ArrowRoom = 20; ///< points at the right of the text, as is the 
 constexpr float TextIndent = 6;
 constexpr float ArrowSize = 4;
 constexpr std::uint32_t HintAlpha = 128;
-
-std::string translated(const std::string& key)
-{
-    const Lang* const lang = engine().lang.get();
-    return lang == nullptr ? key : lang->getString(key);
-}
 
 DropDown& selfOf(const WidgetEvent& event)
 {
@@ -169,10 +164,7 @@ void DropDown::showSelection()
     TextLabel& label = requireLabel();
     const bool showsHint = selected_ == None;
     label.color = withAlpha(label.color, showsHint ? HintAlpha : alphaOf(OpaqueWhite));
-    if (!showsHint)
-        label.setText(translated(keys_[static_cast<std::size_t>(selected_)]));
-    else
-        label.setText(hintKey_.empty() ? hintKey_ : translated(hintKey_));
+    label.setText(translated(showsHint ? hintKey_ : keys_[static_cast<std::size_t>(selected_)]));
 }
 
 void DropDown::reloadText()

@@ -3,6 +3,7 @@
 #include "nui/engine/engine.h"
 #include "nui/events/dispatch.h"
 #include "nui/widgets/container.h"
+#include "nui/widgets/text_field.h"
 
 #include <SDL_keycode.h>
 
@@ -48,6 +49,20 @@ Form::~Form()
         unsubscribe(widget, keyboard::FocusGained, onFocusGained);
         unsubscribe(widget, keyboard::FocusLost, onFocusLost);
         unsubscribe(widget, touch::Leave, onFocusLost);
+    }
+}
+
+void Form::renewAround(Widget& changed)
+{
+    for (Widget* ancestor = &changed; ancestor != nullptr; ancestor = ancestor->parent) {
+        auto* const container = dynamic_cast<Container*>(ancestor);
+        if (container == nullptr || !container->form)
+            continue;
+        const WidgetPtr defaultItem = container->form->defaultItem();
+        container->buildForm();
+        if (defaultItem)
+            container->form->setDefaultItem(defaultItem);
+        return;
     }
 }
 
@@ -133,6 +148,8 @@ void Form::moveFocus(Widget& sender, bool forward) const
         Widget& widget = *widgetOf(next);
         if (canTakeFocus(widget)) {
             engine().setFocus(widget.shared_from_this());
+            if (auto* const field = dynamic_cast<TextField*>(&widget))
+                field->selectAll();
             return;
         }
     }

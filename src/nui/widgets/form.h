@@ -48,6 +48,9 @@ public:
     Form& operator=(const Form&) = delete;
     ~Form();
 
+    /// Builds the nearest form around the widget anew, as items below it have come or gone.
+    static void renewAround(Widget& changed);
+
     /// Whom Return activates, a widget below the root; null for nobody.
     void setDefaultItem(const WidgetPtr& widget) { defaultItem_ = widget; }
     [[nodiscard]] WidgetPtr defaultItem() const { return defaultItem_.lock(); }

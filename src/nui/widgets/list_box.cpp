@@ -5,6 +5,7 @@
 #include "nui/events/dispatch.h"
 #include "nui/reader/nui_reader.h"
 #include "nui/widgets/screen.h"
+#include "nui/widgets/template_items.h"
 #include "nui/widgets/text_label.h"
 
 #include <SDL_keyboard.h>
@@ -19,19 +20,6 @@ namespace {
 
 constexpr float ItemHeight = 22; ///< of items that are only texts; in points, as is the next
 constexpr float ItemIndent = 6;
-
-TextLabel* labelIn(Widget& widget)
-{
-    if (auto* const label = dynamic_cast<TextLabel*>(&widget))
-        return label;
-    if (const auto* const container = dynamic_cast<const Container*>(&widget)) {
-        for (const WidgetPtr& child : container->children()) {
-            if (TextLabel* const label = labelIn(*child))
-                return label;
-        }
-    }
-    return nullptr;
-}
 
 bool startsWith(const std::string& text, const std::string& start)
 {
@@ -78,12 +66,8 @@ bool ListBox::read(NuiReader& reader)
 
 WidgetPtr ListBox::makeItem() const
 {
-    if (itemTemplate_) {
-        WidgetPtr item = itemTemplate_->clone();
-        if (item->stateTemplates)
-            item->stateTemplates->normal = itemTemplate_;
-        return item;
-    }
+    if (itemTemplate_)
+        return itemOf(itemTemplate_);
     auto label = std::make_shared<TextLabel>();
     label->color = color;
     label->heightValue = ItemHeight;
@@ -110,12 +94,10 @@ void ListBox::setItems(std::vector<std::string> keys)
 void ListBox::reloadText()
 {
     Container::reloadText();
-    const Lang* const lang = engine().lang.get();
     const std::size_t first = count() - keys_.size();
     for (std::size_t index = 0; index < keys_.size(); ++index) {
-        const std::string& key = keys_[index];
         if (TextLabel* const label = labelIn(*children()[first + index]))
-            label->setText(lang == nullptr ? key : lang->getString(key));
+            label->setText(translated(keys_[index]));
     }
 }
 

@@ -4,37 +4,11 @@
 #include "nui/events/dispatch.h"
 #include "nui/reader/nui_reader.h"
 #include "nui/widgets/screen.h"
+#include "nui/widgets/template_items.h"
 
 #include <algorithm>
 
 namespace nui {
-
-namespace {
-
-/// A child that returns to the template's looks after a press.
-WidgetPtr itemOf(const WidgetPtr& source)
-{
-    WidgetPtr item = source->clone();
-    if (item->stateTemplates)
-        item->stateTemplates->normal = source;
-    return item;
-}
-
-/// The tab order of whoever holds the button has to learn of its new child.
-void rebuildForm(Widget& widget)
-{
-    for (Widget* ancestor = &widget; ancestor != nullptr; ancestor = ancestor->parent) {
-        auto* const container = dynamic_cast<Container*>(ancestor);
-        if (container == nullptr || !container->form)
-            continue;
-        const WidgetPtr defaultItem = container->form->defaultItem();
-        container->buildForm();
-        container->form->setDefaultItem(defaultItem);
-        return;
-    }
-}
-
-} // namespace
 
 ToggleButton::ToggleButton()
 {
@@ -98,7 +72,7 @@ void ToggleButton::showState()
     Screen* const shown = screen();
     if (shown == nullptr)
         return;
-    rebuildForm(*this);
+    Form::renewAround(*this);
     if (shown->focusedWidget == old)
         engine().setFocus(item_);
     shown->markDirty();
