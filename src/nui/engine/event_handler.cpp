@@ -12,27 +12,6 @@
 
 namespace nui {
 
-namespace {
-
-/// SDL's buttons as bits: the side buttons count as their neighbours.
-std::uint32_t buttonBit(std::uint8_t button)
-{
-    switch (button) {
-    case SDL_BUTTON_LEFT:
-    case SDL_BUTTON_X1:
-        return pointer_button::Left;
-    case SDL_BUTTON_MIDDLE:
-        return pointer_button::Middle;
-    case SDL_BUTTON_RIGHT:
-    case SDL_BUTTON_X2:
-        return pointer_button::Right;
-    default:
-        return 0;
-    }
-}
-
-} // namespace
-
 EventHandler::EventHandler(Engine& engine, std::uint32_t userEventType)
     : engine_(engine), userEventType_(userEventType)
 {
@@ -90,7 +69,8 @@ void EventHandler::handle(const SDL_Event& event)
         engine_.pointer.handle({.type = touch::Move,
                                 .x = event.motion.x,
                                 .y = event.motion.y,
-                                .windowId = event.motion.windowID});
+                                .windowId = event.motion.windowID,
+                                .buttons = buttonBits(event.motion.state)});
         break;
     case SDL_MOUSEBUTTONDOWN:
     case SDL_MOUSEBUTTONUP:
@@ -263,7 +243,7 @@ void EventHandler::onButton(const SDL_MouseButtonEvent& event)
                             .x = event.x,
                             .y = event.y,
                             .windowId = event.windowID,
-                            .buttons = buttonBit(event.button),
+                            .buttons = buttonBits(SDL_BUTTON(event.button)),
                             .clicks = event.clicks});
 }
 

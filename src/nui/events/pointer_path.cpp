@@ -14,15 +14,7 @@ namespace {
 
 std::uint32_t buttonsDown()
 {
-    const std::uint32_t down = SDL_GetMouseState(nullptr, nullptr);
-    std::uint32_t bits = 0;
-    if ((down & (SDL_BUTTON_LMASK | SDL_BUTTON_X1MASK)) != 0)
-        bits |= pointer_button::Left;
-    if ((down & SDL_BUTTON_MMASK) != 0)
-        bits |= pointer_button::Middle;
-    if ((down & (SDL_BUTTON_RMASK | SDL_BUTTON_X2MASK)) != 0)
-        bits |= pointer_button::Right;
-    return bits;
+    return buttonBits(SDL_GetMouseState(nullptr, nullptr));
 }
 
 std::uint32_t depthOf(const Widget* widget)
@@ -65,6 +57,18 @@ TouchEvent at(const TouchEvent& event, EventType type)
 }
 
 } // namespace
+
+std::uint32_t buttonBits(std::uint32_t state)
+{
+    std::uint32_t bits = 0;
+    if ((state & (SDL_BUTTON_LMASK | SDL_BUTTON_X1MASK)) != 0)
+        bits |= pointer_button::Left;
+    if ((state & SDL_BUTTON_MMASK) != 0)
+        bits |= pointer_button::Middle;
+    if ((state & (SDL_BUTTON_RMASK | SDL_BUTTON_X2MASK)) != 0)
+        bits |= pointer_button::Right;
+    return bits;
+}
 
 void PointerPath::handle(const Input& input)
 {

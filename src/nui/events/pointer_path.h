@@ -9,6 +9,9 @@ namespace nui {
 class Engine;
 class Screen;
 
+/// SDL's mask of buttons as pointer_button bits: the side buttons count as their neighbours.
+[[nodiscard]] std::uint32_t buttonBits(std::uint32_t state);
+
 /// Turns what the pointer does into events for widgets: hit test, press, hover, capture and
 /// click. Owned by the engine; for the loop's thread.
 class PointerPath {

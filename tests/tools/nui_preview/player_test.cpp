@@ -86,6 +86,18 @@ TEST_F(player_test, keys_and_texts_come_to_the_widget_that_has_the_focus)
     EXPECT_EQ(heard, "[ab c][" + text + "]");
 }
 
+TEST_F(player_test, what_is_pressed_is_held_while_the_pointer_moves)
+{
+    std::string held;
+    const auto remember = [](nui::WidgetEvent& event) {
+        *static_cast<std::string*>(event.user) +=
+            std::to_string(static_cast<nui::TouchEvent&>(event).buttons);
+    };
+    nui::subscribe(*left_, nui::touch::Move, remember, &held);
+    played("move 5 6\npress left\nmove 6 6\nrelease left\nmove 7 6\npress right\nmove 8 6");
+    EXPECT_EQ(held, "0104");
+}
+
 TEST_F(player_test, a_page_comes_to_the_front_of_its_siblings)
 {
     played("show two");
