@@ -31,9 +31,7 @@ public:
     /// Sends the widget's value to the model; nothing while unbound.
     virtual void pushValue()
     {
-        const T value = getWidgetValue();
-        if (delegate_)
-            delegate_->set(value);
+        send(getWidgetValue());
     }
 
     /// The widget shows the property's value from now on; a former property is let go.
@@ -49,6 +47,12 @@ public:
 
 protected:
     [[nodiscard]] virtual std::string widgetId() const = 0;
+    /// To the model; nothing while unbound.
+    void send(const T& value)
+    {
+        if (delegate_)
+            delegate_->set(value);
+    }
 
 private:
     void copyBinding(const bindable& other)
