@@ -325,9 +325,11 @@ TEST_F(layout_loader_test, texts_are_looked_up_when_they_are_read_and_again_when
     nui::engine().lang->languageUnicode = "de";
     label->reloadText();
     EXPECT_EQ(label->getText(), "Gut");
+    // The program's text lasts until the language changes.
     label->setText("OK");
-    label->reloadText();
     EXPECT_EQ(label->getText(), "OK");
+    label->reloadText();
+    EXPECT_EQ(label->getText(), "Gut");
 }
 
 } // namespace

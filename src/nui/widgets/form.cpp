@@ -104,8 +104,10 @@ void Form::add(const WidgetPtr& widget, FormItem& item)
 void Form::onFocusGained(WidgetEvent& event)
 {
     Widget& item = *event.target;
-    if (item.stateTemplates && item.stateTemplates->over)
-        item.applyTemplate(item.stateTemplates->over.get());
+    const StateTemplates* const looks = item.stateTemplates.get();
+    // Without a normal look there would be no way back.
+    if (looks != nullptr && looks->over && looks->normal)
+        item.applyTemplate(looks->over.get());
 }
 
 void Form::onFocusLost(WidgetEvent& event)

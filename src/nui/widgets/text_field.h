@@ -55,6 +55,10 @@ public:
     [[nodiscard]] bool isReadOnly() const { return rules_.readOnly; }
     void setReadOnly(bool set) { rules_.readOnly = set; }
     void setInputType(InputType type) { rules_.inputType = type; }
+    void setCharacterType(CharacterType type) { rules_.characterType = type; }
+    void setMultiline(bool set) { rules_.multiline = set; }
+    /// From 2 on, one line that scrolls.
+    void setVersion(std::uint32_t version) { rules_.version = version; }
     void setMaxLength(std::uint32_t characters) { rules_.maxLength = characters; }
     /// What an empty field shows.
     void setHint(const std::string& hint) { rules_.hintText = hint; }

@@ -22,12 +22,19 @@ constexpr std::uint8_t Solid = 255;
 constexpr float ViewMargin = 3;
 constexpr float WideViewMargin = 9;
 
-/// Bytes of the first `count` characters.
+/// Bytes of the first `count` characters. A byte that is no text is a character of its own.
 std::size_t bytesOf(const std::string& text, std::int32_t count)
 {
     const nrd::misc::text32 characters = nrd::misc::to_text32(text);
-    const auto length = static_cast<std::size_t>(std::max(count, 0));
-    return nrd::misc::to_utf8(std::u32string_view(characters).substr(0, length)).size();
+    const auto length = std::min(static_cast<std::size_t>(std::max(count, 0)), characters.size());
+    std::size_t bytes = 0;
+    for (std::size_t i = 0; i < length; ++i) {
+        const std::string character =
+            nrd::misc::to_utf8(std::u32string_view(characters).substr(i, 1));
+        const bool isText = text.compare(bytes, character.size(), character) == 0;
+        bytes += isText ? character.size() : 1;
+    }
+    return bytes;
 }
 
 } // namespace
