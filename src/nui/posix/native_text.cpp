@@ -6,6 +6,9 @@
 #include <pango/pangocairo.h>
 
 #include <algorithm>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace nui {
 
@@ -55,70 +58,146 @@ struct NativeFace {
 
 namespace {
 
-/// A text in lines. The platform's lines may differ in height where faces stand in for each
-/// other; these are placed by the face's own height.
+Owned<PangoLayout> layoutOf(const NativeFace& face, std::string_view text)
+{
+    pango_context_set_language(face.context.get(), textLanguage());
+    Owned<PangoLayout> layout(pango_layout_new(face.context.get()));
+    pango_layout_set_font_description(layout.get(), face.description.get());
+    pango_layout_set_auto_dir(layout.get(), FALSE);
+    pango_layout_set_wrap(layout.get(), PANGO_WRAP_WORD_CHAR);
+    pango_layout_set_text(layout.get(), text.data(), static_cast<int>(text.size()));
+    return layout;
+}
+
+std::int32_t widthOf(PangoLayoutLine* line)
+{
+    PangoRectangle extents = {};
+    pango_layout_line_get_extents(line, nullptr, &extents);
+    return PANGO_PIXELS_CEIL(extents.width);
+}
+
+std::size_t startOfCharacter(const std::string& text, std::size_t byte)
+{
+    if (byte >= text.size())
+        return text.size();
+    const char* const place = g_utf8_find_prev_char(text.data(), text.data() + byte + 1);
+    return static_cast<std::size_t>(place - text.data());
+}
+
+/// A text in lines. Pango's own may differ in height where faces stand in for each other; these
+/// are placed by the face's height alone.
 class Lines {
 public:
-    Lines(const NativeFace& face, const std::string& text)
-        : text_(nrd::misc::to_utf8(shownText(text))), layout_(pango_layout_new(face.context.get()))
+    Lines(const NativeFace& face, const std::string& text, std::int32_t width, bool wrap)
+        : face_(face), text_(nrd::misc::to_utf8(shownText(text))), width_(width)
     {
-        pango_context_set_language(face.context.get(), textLanguage());
-        pango_layout_context_changed(layout_.get());
-        pango_layout_set_font_description(layout_.get(), face.description.get());
-        pango_layout_set_auto_dir(layout_.get(), FALSE);
-        pango_layout_set_wrap(layout_.get(), PANGO_WRAP_WORD_CHAR);
-        setText(text_);
+        // A line feed at the end begins no line.
+        for (std::size_t start = 0; start < text_.size();) {
+            const std::size_t end = std::min(text_.find('\n', start), text_.size());
+            if (wrap)
+                addWrapped(start, end);
+            else
+                addWhole(start, end);
+            start = end + 1;
+        }
     }
 
-    void wrapAt(std::int32_t width) { pango_layout_set_width(layout_.get(), width * PANGO_SCALE); }
-
-    /// Cuts each line that is too wide, instead of wrapping it.
-    void cutAt(std::int32_t width)
+    [[nodiscard]] std::int32_t count() const { return static_cast<std::int32_t>(lines_.size()); }
+    [[nodiscard]] PangoLayoutLine* at(std::int32_t index) const
     {
-        wrapAt(width);
-        pango_layout_set_ellipsize(layout_.get(), PANGO_ELLIPSIZE_END);
+        return lines_[static_cast<std::size_t>(index)].line;
     }
 
-    /// Leaves out what is behind so many lines, and ends the last of them in an ellipsis.
+    /// Leaves out what is behind so many lines, and ends the last of them in "...".
     void cutBehind(std::int32_t lines)
     {
         if (count() <= lines)
             return;
-        const PangoLayoutLine* const last = at(lines - 1);
-        const auto first = static_cast<std::size_t>(last->start_index);
-        std::size_t end = first + static_cast<std::size_t>(last->length);
-        for (setText(text_.substr(0, end) + Ellipsis); count() > lines && end > first;) {
-            end = startOfCharacter(end - 1);
-            setText(text_.substr(0, end) + Ellipsis);
+        lines_.resize(static_cast<std::size_t>(lines));
+        lines_.back() = endedLine(lines_.back().start, lines_.back().end);
+    }
+    /// Cuts each line that is too wide in this way.
+    void cutAtWidth()
+    {
+        for (Line& line : lines_) {
+            if (widthOf(line.line) > width_)
+                line = endedLine(line.start, line.end);
         }
     }
 
-    [[nodiscard]] std::int32_t count() const { return pango_layout_get_line_count(layout_.get()); }
-    [[nodiscard]] PangoLayoutLine* at(std::int32_t index) const
-    {
-        return pango_layout_get_line_readonly(layout_.get(), index);
-    }
-    [[nodiscard]] std::int32_t widthOf(std::int32_t index) const
-    {
-        PangoRectangle extents = {};
-        pango_layout_line_get_extents(at(index), nullptr, &extents);
-        return PANGO_PIXELS_CEIL(extents.width);
-    }
-
 private:
-    void setText(const std::string& text)
+    struct Line {
+        PangoLayoutLine* line;
+        std::size_t start; ///< in the text
+        std::size_t end;
+    };
+
+    PangoLayout* keep(Owned<PangoLayout> layout)
     {
-        pango_layout_set_text(layout_.get(), text.data(), static_cast<int>(text.size()));
-    }
-    [[nodiscard]] std::size_t startOfCharacter(std::size_t byte) const
-    {
-        const char* const text = text_.data();
-        const char* const place = g_utf8_find_prev_char(text, text + byte + 1);
-        return place != nullptr ? static_cast<std::size_t>(place - text) : 0;
+        layouts_.push_back(std::move(layout));
+        return layouts_.back().get();
     }
 
+    void addWhole(std::size_t start, std::size_t end)
+    {
+        PangoLayout* const layout = keep(layoutOf(face_, piece(start, end)));
+        lines_.push_back({pango_layout_get_line_readonly(layout, 0), start, end});
+    }
+
+    /// In pieces of some lines each: the time that Pango takes grows with the square of a text.
+    void addWrapped(std::size_t start, std::size_t end)
+    {
+        constexpr std::size_t FirstPiece = 1024;
+        for (std::size_t length = FirstPiece;;) {
+            const std::size_t stop = startOfCharacter(text_, std::min(start + length, end));
+            Owned<PangoLayout> layout = layoutOf(face_, piece(start, stop));
+            pango_layout_set_width(layout.get(), width_ * PANGO_SCALE);
+            const int count = pango_layout_get_line_count(layout.get());
+            if (stop < end && count == 1) {
+                length *= 2; // no line of the text is known yet
+                continue;
+            }
+            // More may belong to the last line than the piece has.
+            const int known = stop < end ? count - 1 : count;
+            PangoLayout* const kept = keep(std::move(layout));
+            std::size_t next = stop;
+            for (int index = 0; index < count; ++index) {
+                PangoLayoutLine* const line = pango_layout_get_line_readonly(kept, index);
+                const std::size_t first = start + static_cast<std::size_t>(line->start_index);
+                if (index < known)
+                    lines_.push_back({line, first, first + static_cast<std::size_t>(line->length)});
+                else
+                    next = first;
+            }
+            if (stop == end)
+                return;
+            start = next;
+        }
+    }
+
+    /// As much of a piece of the text as there is room for in front of "...".
+    Line endedLine(std::size_t start, std::size_t end)
+    {
+        for (std::size_t stop = end;; stop = startOfCharacter(text_, stop - 1)) {
+            Owned<PangoLayout> layout = layoutOf(face_, std::string(piece(start, stop)) + Ellipsis);
+            PangoLayoutLine* const line = pango_layout_get_line_readonly(layout.get(), 0);
+            if (stop == start || widthOf(line) <= width_) {
+                keep(std::move(layout));
+                return {line, start, end};
+            }
+        }
+    }
+
+    [[nodiscard]] std::string_view piece(std::size_t start, std::size_t end) const
+    {
+        return std::string_view(text_).substr(start, end - start);
+    }
+
+    const NativeFace& face_;
     std::string text_;
-    Owned<PangoLayout> layout_;
+    std::int32_t width_;
+    std::vector<Owned<PangoLayout>> layouts_; ///< that the lines are in
+    std::vector<Line> lines_;
 };
 
 std::int32_t leftOf(std::int32_t free, TextAlignment alignment)
@@ -167,32 +246,25 @@ std::int32_t nativeLineHeight(const NativeFace& face)
 PixelSize measureNativeText(const NativeFace& face, const std::string& text, std::int32_t width,
                             bool wrap)
 {
-    if (text.empty())
-        return {};
-    Lines lines(face, text);
-    if (wrap)
-        lines.wrapAt(width);
+    const Lines lines(face, text, width, wrap);
     PixelSize size{.height = lines.count() * face.lineHeight};
     for (std::int32_t line = 0; line < lines.count(); ++line)
-        size.width = std::max(size.width, lines.widthOf(line));
+        size.width = std::max(size.width, widthOf(lines.at(line)));
     return size;
 }
 
 void drawNativeText(const NativeFace& face, const std::string& text, const NativeTextBox& box,
                     Coverage& picture)
 {
-    Lines lines(face, text);
-    if (box.wrap)
-        lines.wrapAt(picture.width);
-    else
-        lines.cutAt(picture.width);
+    Lines lines(face, text, picture.width, box.wrap);
     lines.cutBehind(box.lines);
+    lines.cutAtWidth();
 
     const Owned<cairo_surface_t> surface(
         cairo_image_surface_create(CAIRO_FORMAT_A8, picture.width, picture.height));
     const Owned<cairo_t> cairo(cairo_create(surface.get()));
-    for (std::int32_t line = 0; line < std::min(lines.count(), box.lines); ++line) {
-        const std::int32_t left = leftOf(picture.width - lines.widthOf(line), box.alignment);
+    for (std::int32_t line = 0; line < lines.count(); ++line) {
+        const std::int32_t left = leftOf(picture.width - widthOf(lines.at(line)), box.alignment);
         cairo_move_to(cairo.get(), left, box.top + face.ascent + line * face.lineHeight);
         pango_cairo_show_layout_line(cairo.get(), lines.at(line));
     }
