@@ -97,6 +97,9 @@ void PointerPath::deliver(TouchEvent& event, const Input& input, Screen& screen)
     WidgetPtr deepest;
     WidgetPtr captured = captured_;
     screen.hitTest(event, deepest, captured, 0);
+    // On the bare screen nobody hears of the press, which is beside an open popup all the same.
+    if (!deepest && event.type == touch::Press)
+        engine_.popups.pressedOnScreen();
     // A listener may have closed the screen, or taken what was hit off it.
     const auto isThere = [&screen](const WidgetPtr& widget) {
         return screen.isOpen() && screen.contains(widget.get());

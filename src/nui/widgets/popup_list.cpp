@@ -62,12 +62,14 @@ void PopupList::setItems(std::vector<std::string> keys)
 void PopupList::openBelow(const WidgetPtr& widget)
 {
     below_ = widget;
+    isBelow_ = true;
     open();
 }
 
 void PopupList::openAt(Point position)
 {
     below_.reset();
+    isBelow_ = false;
     position_ = position;
     open();
 }
@@ -133,6 +135,9 @@ void PopupList::onPointer(WidgetEvent& event)
     if (captured != nullptr && !self->list_->contains(captured))
         return;
     const auto& touched = static_cast<const TouchEvent&>(event);
+    // The keyboard stays with the owner.
+    if (event.type == touch::Press)
+        engine().keyboard.focusTaken = true;
     ListBox& list = *self->list_;
     const std::int32_t index =
         list.itemAt({static_cast<float>(touched.x), static_cast<float>(touched.y)});
@@ -226,8 +231,13 @@ bool PopupList::layout(std::uint32_t /*flags*/)
 
 void PopupList::place()
 {
+    const WidgetPtr anchorWidget = below_.lock();
+    // What it was opened for may have gone.
+    if (isBelow_ && (!anchorWidget || !anchorWidget->isOnScreen())) {
+        close();
+        return;
+    }
     if (parent != nullptr) {
-        const WidgetPtr anchorWidget = below_.lock();
         const float left = anchorWidget ? positionOnWindow(*anchorWidget).x : position_.x;
         localX = std::max(0.0F, std::min(left, parent->width - width));
         localY = roomFor(height).top;

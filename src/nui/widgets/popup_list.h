@@ -67,6 +67,7 @@ private:
     std::shared_ptr<SolidScrollbar> scrollbar_;
     Choice choice_;
     std::weak_ptr<Widget> below_;
+    bool isBelow_ = false; ///< a widget, and not at `position_`
     Point position_;
     std::uint32_t maxRows_ = 10;
     bool armed_ = false; ///< a release chooses; not that of the press that has opened it

@@ -2,12 +2,11 @@
 
 #include "nui/widgets/container.h"
 #include "nui/widgets/pages_container.h"
-#include "nui/widgets/progress_bar.h"
 #include "nui/widgets/screen.h"
-#include "nui/widgets/text_label.h"
+#include "nui/widgets/text_field.h"
+#include "tools/nui_preview/widget_values.h"
 
 #include <array>
-#include <cmath>
 
 namespace nrd::tools::preview {
 
@@ -19,15 +18,6 @@ using json = nlohmann::ordered_json;
 constexpr std::array visibility_words = {"Collapsed", "Hidden", "Overlapping",        "Visible",
                                          "",          "",       "ClippedOverlapping", "Clipped"};
 
-/// Four decimals: beyond them processors differ, and no layout is that fine.
-json number(float value)
-{
-    constexpr double decimals = 10000;
-    const double rounded = std::round(static_cast<double>(value) * decimals) / decimals;
-    const bool is_whole = rounded == std::trunc(rounded) && std::abs(rounded) < 1e9;
-    return is_whole ? json(static_cast<int>(rounded)) : json(rounded);
-}
-
 std::string visibility_word(std::uint32_t flags)
 {
     const bool known = flags < visibility_words.size() && *visibility_words[flags] != '\0';
@@ -37,10 +27,10 @@ std::string visibility_word(std::uint32_t flags)
 void add_place(json& entry, const nui::Widget& widget)
 {
     const bool drawn = widget.parent == nullptr || widget.parent->isOnScreen();
-    entry["x"] = number(drawn ? widget.x : widget.localX);
-    entry["y"] = number(drawn ? widget.y : widget.localY);
-    entry["width"] = number(widget.width);
-    entry["height"] = number(widget.height);
+    entry["x"] = tree_number(drawn ? widget.x : widget.localX);
+    entry["y"] = tree_number(drawn ? widget.y : widget.localY);
+    entry["width"] = tree_number(widget.width);
+    entry["height"] = tree_number(widget.height);
 }
 
 json children_of(nui::Widget& widget)
@@ -62,14 +52,16 @@ json tree_of(nui::Widget& widget)
     if (const auto* const label = dynamic_cast<nui::TextLabel*>(&widget)) {
         entry["text"] = label->getText();
     }
+    if (const auto* const field = dynamic_cast<nui::TextField*>(&widget)) {
+        entry["caret"] = field->caret();
+        entry["anchor"] = field->anchor();
+    }
     add_place(entry, widget);
     entry["visibility"] = visibility_word(widget.visibility);
     entry["enabled"] = widget.touchEnabled;
     const nui::Screen* const screen = widget.screen();
     entry["focused"] = screen != nullptr && screen->focusedWidget.get() == &widget;
-    if (const auto* const bar = dynamic_cast<nui::ProgressBar*>(&widget)) {
-        entry["value"] = number(bar->value());
-    }
+    add_values(entry, widget);
     if (const auto* const pages = dynamic_cast<nui::PagesContainer*>(&widget)) {
         entry["page"] = pages->current() ? pages->current()->name : "";
     }

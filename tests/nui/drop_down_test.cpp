@@ -1,0 +1,222 @@
+#include "nui/widgets/drop_down.h"
+
+#include "nui/engine/engine.h"
+#include "nui/events/dispatch.h"
+#include "nui/widgets/list_box.h"
+#include "nui/widgets/popup_list.h"
+#include "nui/widgets/text_label.h"
+#include "support/nui/control_test.h"
+
+#include <SDL_keycode.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+using nui::DropDown;
+using nui::engine;
+using nui::PopupList;
+
+class drop_down_test : public nui::test::ControlTest {
+protected:
+    /// A drop-down `top` pixels below the window's upper edge, with rows of 20 pixels.
+    void openDropDown(int top = 0, const std::string& keys = "")
+    {
+        open("{'class': 'DropDown', 'name': 'choice', 'top': " + std::to_string(top) +
+                 ", 'width': 80, 'height': 20, 'popup': 'looks', 'items': ['one', 'two', 'three']" +
+                 keys +
+                 "}, {'class': 'TextButton', 'name': 'ok', 'default': true, 'width': 50, "
+                 "'height': 20, 'left': 200}",
+             "{'class': 'TextLabel', 'id': 'row', 'height': 20},"
+             "{'class': 'ListBox', 'id': 'looks', 'itemTemplate': 'row'}");
+        choice = &get<DropDown>("choice");
+        noteActivations("choice", [this] { return choice->selectedText(); });
+    }
+
+    static PopupList* popup() { return dynamic_cast<PopupList*>(engine().popups.open().get()); }
+
+    static std::string placeOfPopup()
+    {
+        const PopupList& list = *popup();
+        return std::to_string(static_cast<int>(list.localX)) + " " +
+               std::to_string(static_cast<int>(list.localY)) + " " +
+               std::to_string(static_cast<int>(list.width)) + " " +
+               std::to_string(static_cast<int>(list.height));
+    }
+
+    DropDown* choice = nullptr;
+};
+
+TEST_F(drop_down_test, a_click_opens_the_list_and_another_one_chooses)
+{
+    openDropDown();
+    EXPECT_EQ(choice->selectedText(), "");
+    click("choice");
+    ASSERT_TRUE(choice->isListOpen());
+    click(*popup()->list().children()[1]);
+    EXPECT_FALSE(choice->isListOpen());
+    EXPECT_EQ(taken(), "two ");
+    EXPECT_EQ(choice->selectedIndex(), 1);
+    EXPECT_EQ(get<nui::TextLabel>("text").getText(), "two");
+    EXPECT_EQ(focused(), "choice");
+    click("choice");
+    click(*popup()->list().children()[1]);
+    EXPECT_EQ(taken(), "") << "the same again";
+}
+
+// What keeps a model in step takes the text over with these events.
+TEST_F(drop_down_test, a_choice_ends_in_a_release_or_key_that_finds_it_made)
+{
+    openDropDown();
+    std::string heard;
+    const auto listen = [](nui::WidgetEvent& event) {
+        auto& target = dynamic_cast<DropDown&>(*event.target);
+        *static_cast<std::string*>(event.user) += target.selectedText() + " ";
+    };
+    subscribe(*choice, nui::touch::Release, listen, &heard);
+    subscribe(*choice, nui::keyboard::Down, listen, &heard);
+    click("choice");
+    click(*popup()->list().children()[2]);
+    toolkit.key(SDLK_UP);
+    toolkit.key(SDLK_HOME);
+    EXPECT_EQ(heard, " three two one one ");
+}
+
+TEST_F(drop_down_test, keys_change_the_selection_without_the_list)
+{
+    openDropDown();
+    focus("choice");
+    for (const int key : {SDLK_DOWN, SDLK_DOWN, SDLK_DOWN, SDLK_DOWN, SDLK_UP, SDLK_HOME, SDLK_END})
+        toolkit.key(key);
+    EXPECT_EQ(taken(), "one two three two one three ");
+    toolkit.type("t");
+    EXPECT_EQ(taken(), "two ");
+    EXPECT_FALSE(choice->isListOpen());
+}
+
+TEST_F(drop_down_test, keys_work_the_open_list_and_keep_out_the_form)
+{
+    openDropDown(0, ", 'selected': 0");
+    noteActivations("ok", [] { return "ok"; });
+    focus("choice");
+    toolkit.key(SDLK_F4);
+    toolkit.key(SDLK_DOWN);
+    EXPECT_EQ(choice->selectedIndex(), 0) << "not chosen yet";
+    toolkit.key(SDLK_ESCAPE);
+    EXPECT_FALSE(choice->isListOpen());
+    EXPECT_EQ(choice->selectedIndex(), 0);
+    toolkit.key(SDLK_DOWN, KMOD_LALT);
+    toolkit.key(SDLK_END);
+    toolkit.key(SDLK_RETURN);
+    EXPECT_EQ(taken(), "three ");
+    toolkit.key(SDLK_RETURN);
+    EXPECT_EQ(taken(), "ok ");
+    toolkit.key(SDLK_SPACE);
+    toolkit.key(SDLK_TAB);
+    EXPECT_FALSE(choice->isListOpen());
+    EXPECT_EQ(focused(), "ok");
+}
+
+TEST_F(drop_down_test, a_press_beside_the_list_or_on_the_drop_down_closes_it)
+{
+    openDropDown();
+    click("choice");
+    toolkit.move(280, 150);
+    toolkit.press();
+    EXPECT_FALSE(choice->isListOpen());
+    toolkit.release();
+    click("choice");
+    click("choice");
+    EXPECT_FALSE(choice->isListOpen());
+    click("choice");
+    choice->setEnabled(false);
+    EXPECT_FALSE(choice->isListOpen());
+}
+
+TEST_F(drop_down_test, press_and_release_over_an_item_are_one_gesture)
+{
+    openDropDown();
+    press(*choice);
+    toolkit.frame();
+    moveTo(*popup()->list().children()[2]);
+    toolkit.release();
+    EXPECT_EQ(taken(), "three ");
+}
+
+TEST_F(drop_down_test, the_program_selects_by_text_in_a_list_that_was_never_opened)
+{
+    openDropDown(0, ", 'hint': 'choose', 'selected': 1");
+    EXPECT_TRUE(choice->selectText("three"));
+    EXPECT_FALSE(choice->selectText("four"));
+    EXPECT_EQ(choice->selectedText(), "three");
+    choice->select(7);
+    EXPECT_EQ(choice->selectedText(), "three");
+    choice->select(DropDown::None);
+    EXPECT_EQ(get<nui::TextLabel>("text").getText(), "choose");
+    EXPECT_EQ(taken(), "");
+}
+
+TEST_F(drop_down_test, the_list_stays_in_the_window_below_or_above)
+{
+    openDropDown(30);
+    choice->setItems({"one", "two", "three"});
+    click("choice");
+    EXPECT_EQ(placeOfPopup().substr(0, 5), "0 50 ");
+    EXPECT_EQ(popup()->height, 62);
+    choice->closeList();
+    choice->margin.top = 170;
+    choice->margin.left = 280;
+    screen->markDirty();
+    toolkit.frame();
+    click("choice");
+    EXPECT_EQ(popup()->localY, 108) << "above";
+    EXPECT_EQ(popup()->localX + popup()->width, 300);
+}
+
+TEST_F(drop_down_test, many_items_scroll_and_the_selected_one_is_seen)
+{
+    openDropDown(0, ", 'maxRows': 4");
+    std::vector<std::string> items;
+    for (int index = 0; index < 30; ++index)
+        items.push_back("item " + std::to_string(index));
+    choice->setItems(items);
+    choice->select(20);
+    click("choice");
+    EXPECT_EQ(popup()->height, 82);
+    const nui::Widget& shown = *popup()->list().children()[20];
+    EXPECT_GE(shown.y, popup()->y);
+    EXPECT_LE(shown.y + shown.height, popup()->y + popup()->height);
+    const float scroll = popup()->list().scrollY;
+    moveTo(popup()->list());
+    toolkit.wheel(1);
+    EXPECT_GT(popup()->list().scrollY, scroll);
+    EXPECT_TRUE(choice->isListOpen());
+}
+
+TEST_F(drop_down_test, a_clone_opens_a_list_of_its_own)
+{
+    openDropDown(0, ", 'selected': 2");
+    click("choice");
+    choice->closeList();
+    const auto copy = std::dynamic_pointer_cast<DropDown>(choice->clone());
+    screen->add(copy);
+    screen->markDirty();
+    toolkit.frame();
+    click(*copy);
+    click(*popup()->list().children()[0]);
+    EXPECT_EQ(copy->selectedText(), "one");
+    EXPECT_EQ(choice->selectedText(), "three");
+}
+
+TEST_F(drop_down_test, the_list_goes_with_the_drop_down)
+{
+    openDropDown();
+    click("choice");
+    screen->remove(find("choice").get());
+    screen->markDirty();
+    toolkit.frame();
+    EXPECT_EQ(popup(), nullptr);
+}
+
+} // namespace
