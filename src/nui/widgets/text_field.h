@@ -141,8 +141,8 @@ private:
     std::uint8_t blinkAlpha_ = 255;
     std::shared_ptr<CTween> blink_;
     bool caretMoved_ = false; ///< the window does not know of it yet
-    float caretX_ = 0;        ///< in the text's box, left side of the caret
-    float caretY_ = 0;        ///< upper side, less one line
+    float caretX_ = 0;        ///< see TextMarks; from the left upper corner of the text's box
+    float caretY_ = 0;
     bool cancelComposition_ = false;
 };
 

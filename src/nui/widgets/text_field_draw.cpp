@@ -96,8 +96,8 @@ void TextField::drawMarked(TextLayout layout, Point corner, Color textColor)
     drawing->draw(layout, corner, fadedBy(textColor, drawAlpha), &marks, nullptr);
     if (!focused_)
         return;
-    caretX_ = marks.caretX;
-    caretY_ = marks.caretY - drawing->getLineHeight(fontSize, 1);
+    caretX_ = corner.x + marks.caretX - x - textBox().left;
+    caretY_ = marks.caretY;
 }
 
 /// Tells input methods where the text is.

@@ -119,8 +119,8 @@ bool TextField::moveByLine(bool down, bool extend)
     if (laidOut == nullptr)
         return false;
     const float line = laidOut->getLineHeight(fontSize, 1);
-    // The edge between two lines is the upper one's; one pixel further it is the lower one's.
-    const float target = caretY_ + (down ? 2 * line : 0) + 1;
+    // The font has left a place in the line above the caret's.
+    const float target = down ? caretY_ + 2 * line + 1 : caretY_;
     if (down ? target > textBox().height : caretY_ < 0)
         return false;
     const std::int32_t index = indexAtBoxPoint({caretX_, target});

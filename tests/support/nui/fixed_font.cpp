@@ -15,6 +15,7 @@ namespace {
 
 constexpr int BlockWidth = 8;
 constexpr int BlockHeight = 16;
+constexpr float Ascender = 16;
 
 std::string hex(Color color)
 {
@@ -134,7 +135,7 @@ void FixedFont::draw(const TextLayout& layout, Point position, Color color, Text
         const Point start = startOf(lines[row], row, lines.size(), layout);
         const auto column = static_cast<float>(marks->caret) - static_cast<float>(lines[row].start);
         marks->caretX = start.x + column * CharacterWidth;
-        marks->caretY = start.y;
+        marks->caretY = start.y + Ascender - LineHeight;
     }
     drawn_ += '\n';
     if (!makesPictures || picture == nullptr)
