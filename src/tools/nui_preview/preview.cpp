@@ -2,6 +2,7 @@
 
 #include "nui/engine/engine.h"
 #include "nui/widgets/screen.h"
+#include "shared/ui/bindable_classes.h"
 #include "tools/nui_preview/failure.h"
 #include "tools/nui_preview/frames.h"
 #include "tools/nui_preview/host_path.h"
@@ -152,6 +153,7 @@ void preview::start_toolkit()
     file_ = absolute_name(options_.file);
     nui::Engine::start(options_.resources ? absolute_name(*options_.resources)
                                           : resources_of(file_));
+    shared::ui::registerBindableClasses();
     toolkit_started_ = true;
     use_own_fonts_if_needed();
     nui::engine().changeLanguageAndFont(options_.lang.c_str(), false, [](const std::string&) {});
