@@ -194,6 +194,30 @@ TEST_F(drop_down_test, many_items_scroll_and_the_selected_one_is_seen)
     EXPECT_TRUE(choice->isListOpen());
 }
 
+TEST_F(drop_down_test, an_item_that_is_disabled_is_pale_and_cannot_be_chosen)
+{
+    openDropDown();
+    std::int32_t chosen = -1;
+    const auto list = std::make_shared<PopupList>();
+    list->setItems({"cut", "copy", "paste"});
+    list->setChoice([&](std::int32_t index) { chosen = index; });
+    const nui::WidgetPtr cut = list->list().children()[0];
+    const nui::Color before = cut->color;
+    cut->setEnabled(false);
+    EXPECT_EQ(cut->color & ~nui::AlphaMask, before & ~nui::AlphaMask);
+    EXPECT_LT(cut->color, before);
+    list->openAt({290, 190});
+    toolkit.frame();
+    EXPECT_EQ(list->localX + list->width, 300);
+    EXPECT_EQ(list->localY + list->height, 200);
+    click(*cut);
+    EXPECT_TRUE(list->isOpen());
+    click(*list->list().children()[2]);
+    EXPECT_EQ(chosen, 2);
+    cut->setEnabled(true);
+    EXPECT_EQ(cut->color, before);
+}
+
 TEST_F(drop_down_test, a_clone_opens_a_list_of_its_own)
 {
     openDropDown(0, ", 'selected': 2");

@@ -223,17 +223,18 @@ std::vector<WidgetPtr> Breadcrumbs::childrenNamed(const std::string& wanted) con
     return found;
 }
 
-void Breadcrumbs::hideFirst(std::size_t count)
+/// Without the first parts; `more` shows what leads to them.
+void Breadcrumbs::showFrom(std::size_t first, bool more)
 {
-    hidden_ = count;
+    hidden_ = first;
     for (const char* const kind : {PartName, SeparatorName}) {
         const std::vector<WidgetPtr> row = childrenNamed(kind);
         for (std::size_t index = 0; index < row.size(); ++index)
-            row[index]->visibility = index < count ? visibility::Collapsed : visibility::Visible;
+            row[index]->visibility = index < first ? visibility::Collapsed : visibility::Visible;
     }
-    const std::uint32_t ofMore = count > 0 ? visibility::Visible : visibility::Collapsed;
-    if (MoreButton* const more = moreButton())
-        more->visibility = ofMore;
+    const std::uint32_t ofMore = more ? visibility::Visible : visibility::Collapsed;
+    if (MoreButton* const button = moreButton())
+        button->visibility = ofMore;
     for (const WidgetPtr& separator : childrenNamed(MoreSeparatorName))
         separator->visibility = ofMore;
 }
@@ -253,13 +254,12 @@ bool Breadcrumbs::layout(std::uint32_t flags)
     if ((flags & layout_flag::Force) == 0 && isLayoutValid())
         return true;
     // All are measured, and then so many hidden as have no room; the last one stays.
-    for (const WidgetPtr& child : children())
-        child->visibility = visibility::Visible;
+    showFrom(0, true);
     const bool known = Container::layout(flags);
-    hideFirst(0);
+    showFrom(0, false);
     const bool hasLimit = widthMode != Content && width >= 0;
     while (hasLimit && hidden_ + 1 < keys_.size() && wantedWidth() > width)
-        hideFirst(hidden_ + 1);
+        showFrom(hidden_ + 1, true);
     if (widthMode == Content)
         measure();
     return known;

@@ -51,7 +51,7 @@ private:
     [[nodiscard]] WidgetPtr makeSeparator(const WidgetPtr& look) const;
     [[nodiscard]] MoreButton* moreButton() const;
     [[nodiscard]] std::vector<WidgetPtr> childrenNamed(const std::string& wanted) const;
-    void hideFirst(std::size_t count);
+    void showFrom(std::size_t first, bool more);
     [[nodiscard]] float wantedWidth() const;
     void openHidden();
     void pick(std::int32_t index);

@@ -8,12 +8,6 @@
 
 namespace nui {
 
-namespace {
-
-constexpr float DisabledAlpha = 0.4F;
-
-} // namespace
-
 void setControlColors(Widget& widget)
 {
     widget.color = control_color::Ink;

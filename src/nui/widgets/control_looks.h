@@ -20,6 +20,9 @@ constexpr Color Selection = 0xFFF6DFC6;
 constexpr Color Hover = 0xFFF8F1EA;
 } // namespace control_color
 
+/// What is left of the opacity of a control that is disabled.
+constexpr float DisabledAlpha = 0.4F;
+
 /// Ink on paper, with a thin line around: the colours of a control until its keys are read.
 void setControlColors(Widget& widget);
 

@@ -271,12 +271,12 @@ void DropDown::onText(WidgetEvent& event)
     if (!self.isChainEnabled() || typed.empty() || typed == " ")
         return;
     ListBox& list = self.requireList().list();
-    if (self.isListOpen()) {
-        list.select(list.indexStartingWith(typed, list.current()));
+    const std::int32_t index = list.indexStartingWith(typed, list.current());
+    if (index == None)
         return;
-    }
-    const std::int32_t index = list.indexStartingWith(typed, self.selected_);
-    if (index != None && index != self.selected_)
+    if (self.isListOpen())
+        list.select(index);
+    else if (index != self.selected_)
         self.chooseAndRelease(index);
 }
 

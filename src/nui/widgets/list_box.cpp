@@ -21,6 +21,13 @@ namespace {
 constexpr float ItemHeight = 22; ///< of items that are only texts; in points, as is the next
 constexpr float ItemIndent = 6;
 
+WidgetPtr lookOf(Color color)
+{
+    auto look = std::make_shared<Widget>();
+    look->color = color;
+    return look;
+}
+
 bool startsWith(const std::string& text, const std::string& start)
 {
     const auto same = [](unsigned char one, unsigned char other) {
@@ -70,6 +77,7 @@ WidgetPtr ListBox::makeItem() const
         return itemOf(itemTemplate_);
     auto label = std::make_shared<TextLabel>();
     label->color = color;
+    label->stateTemplates = std::make_unique<StateTemplates>(labelLooks_);
     label->heightValue = ItemHeight;
     label->heightMode = Pt;
     label->margin.left = ItemIndent;
@@ -82,6 +90,8 @@ void ListBox::setItems(std::vector<std::string> keys)
     for (std::size_t made = keys_.size(); made > 0; --made)
         remove(children().back().get());
     keys_ = std::move(keys);
+    labelLooks_.normal = lookOf(color);
+    labelLooks_.disabled = lookOf(fadedBy(color, DisabledAlpha));
     for (std::size_t made = 0; made < keys_.size(); ++made)
         add(makeItem());
     reloadText();

@@ -80,6 +80,7 @@ private:
 
     std::vector<std::string> keys_; ///< of the last items
     WidgetPtr itemTemplate_;
+    StateTemplates labelLooks_; ///< of items that are only texts
     std::int32_t current_ = None;
     std::int32_t hover_ = None;
     bool interactive_ = true;

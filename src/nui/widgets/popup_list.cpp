@@ -6,6 +6,7 @@
 #include "nui/widgets/list_box.h"
 #include "nui/widgets/screen.h"
 #include "nui/widgets/solid_scrollbar.h"
+#include "nui/widgets/template_items.h"
 #include "nui/widgets/text_label.h"
 
 #include <SDL_keycode.h>
@@ -19,7 +20,7 @@ namespace {
 
 constexpr float ScrollbarWidth = 12; ///< points
 constexpr float Frame = 1;           ///< pixels around the list
-constexpr float TextRoom = 14;       ///< points beside the text of an item
+constexpr float EndRoom = 8;         ///< points behind the text of an item
 
 std::shared_ptr<ListBox> listLike(const Widget* look)
 {
@@ -158,10 +159,13 @@ float PopupList::widestText() const
 {
     Font* const font = engine().fonts.defaultFont.get();
     float widest = 0;
-    for (std::size_t index = 0; font != nullptr && index < list_->count(); ++index) {
+    for (const WidgetPtr& item : list_->children()) {
+        const TextLabel* const label = labelIn(*item);
+        if (font == nullptr || label == nullptr)
+            continue;
         TextLayout line;
-        const std::string text = list_->itemText(static_cast<std::int32_t>(index));
-        line.text = text;
+        line.text = label->getText();
+        line.size = label->fontSize;
         line.wordWrap = false;
         line.width = static_cast<float>(engine().metrics.width);
         line.height = static_cast<float>(engine().metrics.height);
@@ -170,13 +174,21 @@ float PopupList::widestText() const
     return widest;
 }
 
+/// What an item needs beside its text. The list has been laid out.
+float PopupList::roomBesideText() const
+{
+    const float least = EndRoom * engine().metrics.displayScale;
+    const TextLabel* const label = list_->count() == 0 ? nullptr : labelIn(*list_->children()[0]);
+    const bool fills = label != nullptr && label->widthMode == Weight;
+    return fills ? least + std::max(0.0F, list_->width - label->width) : least;
+}
+
 float PopupList::wantedWidth() const
 {
-    const float scale = engine().metrics.displayScale;
+    const float bar = ScrollbarWidth * engine().metrics.displayScale;
     const WidgetPtr anchorWidget = below_.lock();
     const float least = anchorWidget ? anchorWidget->width : 0;
-    const float wanted = std::ceil(widestText() + (TextRoom + ScrollbarWidth) * scale + 2 * Frame);
-    return std::max(least, wanted);
+    return std::max(least, std::ceil(widestText() + roomBesideText() + bar + 2 * Frame));
 }
 
 float PopupList::rowsHeight() const
@@ -209,10 +221,12 @@ PopupList::Room PopupList::roomFor(float wanted) const
 
 bool PopupList::layout(std::uint32_t /*flags*/)
 {
-    const float windowWidth = parent == nullptr ? wantedWidth() : parent->width;
-    width = std::min(wantedWidth(), windowWidth);
-    list_->width = width - 2 * Frame;
+    // At any width at first, from which the room beside the text can be told.
+    list_->width = static_cast<float>(engine().metrics.width);
     list_->height = 0;
+    list_->layout(layout_flag::Force);
+    width = parent == nullptr ? wantedWidth() : std::min(wantedWidth(), parent->width);
+    list_->width = width - 2 * Frame;
     list_->layout(layout_flag::Force);
     const float rows = rowsHeight();
     height = roomFor(rows + 2 * Frame).height;

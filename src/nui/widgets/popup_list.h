@@ -60,6 +60,7 @@ private:
     void choose(std::int32_t index);
     [[nodiscard]] float wantedWidth() const;
     [[nodiscard]] float widestText() const;
+    [[nodiscard]] float roomBesideText() const;
     [[nodiscard]] float rowsHeight() const;
     [[nodiscard]] Room roomFor(float wanted) const;
 
