@@ -196,7 +196,8 @@ function(add_fuzzer)
         return()
     endif()
     add_executable_of_kind(FUZZER ${FUZZER_NAME}_fuzzer)
-    target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/fuzz)
+    target_include_directories(${target} PRIVATE
+        ${PROJECT_SOURCE_DIR}/fuzz ${PROJECT_SOURCE_DIR}/tests)
     target_link_options(${target} PRIVATE -fsanitize=fuzzer)
     set_target_properties(${target} PROPERTIES
         RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/fuzzers)

@@ -3,9 +3,12 @@
 #include "misc/text.h"
 #include "nui/engine/engine.h"
 #include "nui/events/dispatch.h"
+#include "nui/menus/popup_menu.h"
+#include "nui/menus/text_menu.h"
 #include "nui/widgets/number_text_field.h"
 #include "support/nui/event_log.h"
 #include "support/nui/fixed_font.h"
+#include "support/nui/layout_folder.h"
 #include "support/nui/running_toolkit.h"
 
 #include <SDL.h>
@@ -460,6 +463,53 @@ TEST_F(text_field_test, a_text_from_the_program_ends_the_selection)
     field->setCaret(-3);
     EXPECT_EQ(shown(), "|x");
     EXPECT_EQ(heard("TEXT"), 0);
+}
+
+TEST_F(text_field_test, the_right_button_opens_the_menu_of_what_can_be_done)
+{
+    const nui::test::LayoutFolder folder;
+    folder.write("text_menu.json", R"({"menus": [{"id": "text_menu", "children": [
+        {"name": "Cut", "text": "Cut"}, {"name": "Copy", "text": "Copy"},
+        {"name": "Paste", "text": "Paste"}, {"name": "Delete", "text": "Delete"}, {},
+        {"name": "SelectAll", "text": "Select all"}, {"name": "x", "text": "Other"}]}]})");
+    nui::engine().textMenu = nui::loadTextMenu(folder.path() + "text_menu.json");
+    EXPECT_EQ(nui::loadTextMenu(folder.path() + "none.json"), nullptr);
+    openFocused(", 'text': 'abc'");
+    SDL_SetClipboardText("new");
+    const auto greyed = [this] {
+        std::string names;
+        toolkit.press(SDL_BUTTON_RIGHT);
+        toolkit.release(SDL_BUTTON_RIGHT);
+        EXPECT_TRUE(field->isMenuOpen());
+        for (const auto& item : nui::engine().textMenu->children())
+            names += item->enabled ? "" : item->name + " ";
+        return names;
+    };
+    toolkit.move(12, 10);
+    EXPECT_EQ(greyed(), "Cut Copy Delete ");
+    toolkit.frame();
+    // By key: past what is greyed. The field keeps the keyboard.
+    EXPECT_EQ(after({{SDLK_DOWN}, {SDLK_RETURN}}), "new|abc");
+    EXPECT_FALSE(field->isMenuOpen());
+    EXPECT_EQ(greyed(), "Cut Copy Delete ");
+    EXPECT_EQ(after({{SDLK_ESCAPE}}), "new|abc");
+    EXPECT_FALSE(field->isMenuOpen());
+    field->selectAll();
+    EXPECT_EQ(greyed(), "SelectAll ");
+    EXPECT_EQ(afterTyping("x"), "x|");
+    EXPECT_FALSE(field->isMenuOpen());
+    field->runMenuCommand("SelectAll");
+    EXPECT_EQ(shown(), "[x|]");
+    field->runMenuCommand("Cut");
+    EXPECT_EQ(shown(), "|");
+    field->runMenuCommand("Paste");
+    field->runMenuCommand("something else");
+    EXPECT_EQ(shown(), "x|");
+    field->runMenuCommand("SelectAll");
+    field->runMenuCommand("Delete");
+    EXPECT_EQ(shown(), "|");
+    SDL_SetClipboardText("");
+    EXPECT_EQ(greyed(), "Cut Copy Paste Delete SelectAll ");
 }
 
 TEST_F(text_field_test, an_empty_field_is_as_wide_as_its_hint)

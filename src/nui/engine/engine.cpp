@@ -5,6 +5,7 @@
 #include "nui/draw/gl_context.h"
 #include "nui/engine/event_handler.h"
 #include "nui/menus/popup_menu.h"
+#include "nui/menus/text_menu.h"
 #include "nui/reader/resource_path.h"
 #include "nui/reader/widget_registry.h"
 #include "nui/text/choose_fonts.h"
@@ -75,6 +76,7 @@ void Engine::start(const std::string& resourcePath)
     }
     engine.fonts.fontsDir = joinPath(engine.basePath, "fonts");
     engine.lang = std::make_unique<Lang>(joinPath(engine.basePath, "langfile.txt"));
+    engine.textMenu = loadTextMenu(joinPath(engine.basePath, "text_menu.json"));
     openHiddenWindow();
 }
 

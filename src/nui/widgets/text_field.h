@@ -11,6 +11,9 @@
 
 namespace nui {
 
+class PopupList;
+class PopupMenu;
+
 /// A text that the user edits, on one line or many, with caret, selection, clipboard, input
 /// methods and a hint. Places count characters. Each edit raises text::Changed on the field after
 /// it holds the new text, also one that changed nothing; it bubbles.
@@ -49,6 +52,10 @@ public:
     void cut();
     /// Raises text::Pasting first.
     void paste();
+
+    /// What an item of the engine's text menu does; other names do nothing.
+    void runMenuCommand(const std::string& item);
+    [[nodiscard]] bool isMenuOpen() const;
 
     [[nodiscard]] bool isFocused() const { return focused_; }
     [[nodiscard]] bool isComposing() const { return composing_; }
@@ -118,6 +125,12 @@ private:
     void moveBy(std::int32_t step, bool extend);
     bool moveByLine(bool down, bool extend);
 
+    // text_field_menu.cpp
+    void prepareMenu(PopupMenu& menu) const;
+    bool openContextMenu(Point onWindow);
+    [[nodiscard]] bool handleMenuKey(WidgetEvent& event);
+    void closeMenu();
+
     // text_field_draw.cpp
     void drawField();
     void drawScrolled();
@@ -140,6 +153,7 @@ private:
     bool selectOnRelease_ = false; ///< this press gave the field the keyboard
     std::uint8_t blinkAlpha_ = 255;
     std::shared_ptr<CTween> blink_;
+    std::shared_ptr<PopupList> contextMenu_;
     bool caretMoved_ = false; ///< the window does not know of it yet
     float caretX_ = 0;        ///< see TextMarks; from the left upper corner of the text's box
     float caretY_ = 0;

@@ -46,8 +46,10 @@ void TextField::onFocusLost(WidgetEvent& event)
 void TextField::onTextInput(WidgetEvent& event)
 {
     TextField& field = fieldOf(event);
-    if (field.isChainEnabled())
-        field.acceptText(static_cast<const TextEvent&>(event));
+    if (!field.isChainEnabled())
+        return;
+    field.closeMenu();
+    field.acceptText(static_cast<const TextEvent&>(event));
 }
 
 void TextField::onComposition(WidgetEvent& event)
@@ -101,6 +103,9 @@ void TextField::pressAt(TouchEvent& event)
         }
     }
     selectOnRelease_ = selectLater;
+    // The screen would close the menu at once, as for any press beside it.
+    if (right && openContextMenu(placeOf(event)))
+        event.stop(stop_level::EndsBubble);
 }
 
 void TextField::onDrag(WidgetEvent& event)

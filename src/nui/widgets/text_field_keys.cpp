@@ -24,7 +24,7 @@ void TextField::onKey(WidgetEvent& event)
 {
     auto& field = static_cast<TextField&>(*event.target);
     const auto& pressed = static_cast<const KeyboardEvent&>(event);
-    if (!field.isChainEnabled())
+    if (!field.isChainEnabled() || field.handleMenuKey(event))
         return;
     bool consumed = false;
     const auto modifiers = static_cast<std::uint16_t>(pressed.modifiers & Modifiers);
