@@ -5,6 +5,9 @@
 #include "nui/text/native_text.h"
 #include "nui/text/win_font.h"
 
+#include <utility>
+#include <vector>
+
 namespace nui {
 
 namespace {
@@ -100,6 +103,19 @@ void fallBack(Fonts& fonts, const TextLog& log)
     log("default font path has fallen back to: " + fonts.defaultFontPath);
 }
 
+/// A field may hold any language, whatever the font is chosen for.
+void chooseStandIns(Fonts& fonts, const FontSurroundings& surroundings)
+{
+    auto* const editFont = dynamic_cast<FtglFont*>(fonts.defaultEditFont.get());
+    if (editFont == nullptr)
+        return;
+    std::vector<std::string> files = surroundings.systemFonts.languageFontFiles(fonts.inputLang);
+    files.push_back(fontFileOf(fonts.fontsDir, GeneralFallbackFile));
+    for (const FallbackFile& each : FallbackFiles)
+        files.push_back(fontFileOf(fonts.fontsDir, each.file));
+    editFont->setStandIns(std::move(files));
+}
+
 void chooseEditFont(Fonts& fonts, const FontSurroundings& surroundings, const TextLog& log)
 {
     bool languageSearch = !fonts.inputLang.starts_with(surroundings.deviceLanguage);
@@ -116,6 +132,7 @@ void chooseEditFont(Fonts& fonts, const FontSurroundings& surroundings, const Te
         languageSearch = false;
     if (!languageSearch)
         fallBack(fonts, log);
+    chooseStandIns(fonts, surroundings);
     fonts.defaultEditFont->setFont(fonts.defaultFontPath);
     log("setting default edit font to " + fonts.defaultFontPath);
 }

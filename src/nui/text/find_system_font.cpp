@@ -29,7 +29,27 @@ bool isLast(const FontRow& row)
     return *row.prefix == '\0';
 }
 
+/// The keyboard of a language, where the table knows that alone.
+std::string keyboardOf(const std::string& lang)
+{
+    if (lang == "zh-Hans")
+        return "chs";
+    return lang == "zh-Hant" ? "cht" : lang;
+}
+
 } // namespace
+
+std::vector<std::string> SystemFonts::languageFontFiles(const std::string& lang) const
+{
+    const std::string wanted = keyboardOf(lang);
+    std::vector<std::string> files;
+    for (const FontRow& row : Rows) {
+        const std::string file = isLast(row) ? std::string() : findFontfileSafe(row.face);
+        if (!file.empty())
+            files.insert(wanted.starts_with(row.prefix) ? files.begin() : files.end(), file);
+    }
+    return files;
+}
 
 // What is logged are pieces of older code, and stays so: those who read the logs know them.
 std::string SystemFonts::findSystemFont(const std::string& lang, const std::string& nativeName,

@@ -11,29 +11,68 @@ constexpr float Depth = -0.9F;
 
 } // namespace
 
-FtglFace::FtglFace(const std::string& file, std::int32_t size, unsigned int resolution)
-    : file_(file), size_(size), resolution_(resolution),
-      metrics_(file, static_cast<unsigned int>(size), resolution)
+FtglFace::FtglFace(FontFiles& files, std::int32_t size, unsigned int resolution)
+    : files_(files), size_(size), resolution_(resolution), faces_(1)
 {
+    static_cast<void>(metricsOf(0));
+}
+
+FtglMetrics& FtglFace::metricsOf(std::size_t file)
+{
+    if (file >= faces_.size())
+        faces_.resize(file + 1);
+    std::unique_ptr<FtglMetrics>& metrics = faces_[file].metrics;
+    if (!metrics)
+        metrics = std::make_unique<FtglMetrics>(files_.contentOf(file),
+                                                static_cast<unsigned int>(size_), resolution_);
+    return *metrics;
+}
+
+GlyphPages& FtglFace::pagesOf(std::size_t file)
+{
+    std::unique_ptr<GlyphPages>& pages = faces_[file].pages;
+    if (!pages) {
+        pages = std::make_unique<GlyphPages>(files_.contentOf(file));
+        pages->GlyphLoadFlags(FtglMetrics::LoadFlags);
+        pages->FaceSize(static_cast<unsigned int>(size_), resolution_);
+    }
+    return *pages;
+}
+
+FtglMetrics::Glyphs FtglFace::glyphsFor(char32_t character)
+{
+    const std::size_t file = files_.indexFor(character);
+    FtglMetrics& metrics = metricsOf(file);
+    if (!metrics.isValid())
+        return {&metricsOf(0), 0};
+    return {&metrics, static_cast<std::uint8_t>(file)};
+}
+
+TextLines FtglFace::layOut(std::u32string_view text, float width)
+{
+    return metricsOf(0).layOut(text, width,
+                               [this](char32_t character) { return glyphsFor(character); });
 }
 
 void FtglFace::drawRun(const TextLines& lines, std::int32_t first, std::int32_t end, Point origin,
                        Color color)
 {
-    if (!glyphs_) {
-        glyphs_ = std::make_unique<FTTextureFont>(
-            reinterpret_cast<const unsigned char*>(file_.data()), file_.size());
-        glyphs_->GlyphLoadFlags(FtglMetrics::LoadFlags);
-        glyphs_->FaceSize(static_cast<unsigned int>(size_), resolution_);
-    }
-    const auto start = static_cast<std::size_t>(first);
     glColor4ub(static_cast<GLubyte>(color), static_cast<GLubyte>(color >> 8U),
                static_cast<GLubyte>(color >> 16U), static_cast<GLubyte>(color >> 24U));
     glPushMatrix();
     glTranslatef(origin.x, origin.y, Depth);
     glRotatef(180, 1, 0, 0); // the library's y goes up
-    glyphs_->Render(lines.text.data() + lines.starts[start], end - first,
-                    FTPoint(lines.characters[start].x, 0));
+    const auto stop = static_cast<std::size_t>(end);
+    for (auto start = static_cast<std::size_t>(first); start < stop;) {
+        const TextLines::Character& character = lines.characters[start];
+        std::size_t next = start + 1;
+        while (next < stop && lines.characters[next].file == character.file)
+            ++next;
+        pagesOf(character.file)
+            .Render(lines.text.data() + lines.starts[start], static_cast<int>(next - start),
+                    FTPoint(character.x, 0));
+        start = next;
+    }
     glPopMatrix();
 }
 

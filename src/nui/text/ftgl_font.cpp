@@ -1,13 +1,14 @@
 #include "nui/text/ftgl_font.h"
 
 #include "nui/engine/engine.h"
-#include "nui/text/font_file.h"
+#include "nui/text/font_files.h"
 #include "nui/text/font_size.h"
 #include "nui/text/ftgl_face.h"
 #include "nui/text/placed_text.h"
 #include "nui/text/shown_text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace nui {
 
@@ -41,7 +42,7 @@ bool isBlank(char32_t character)
 }
 
 /// Lays out what is left of a text that has too many lines, with "..." behind it.
-TextLines cutLines(FtglMetrics& metrics, std::u32string_view text, const TextLines& whole,
+TextLines cutLines(FtglFace& face, std::u32string_view text, const TextLines& whole,
                    std::int32_t maxLines, float width)
 {
     const TextLines::Line& last = whole.lines[static_cast<std::size_t>(maxLines) - 1];
@@ -52,7 +53,7 @@ TextLines cutLines(FtglMetrics& metrics, std::u32string_view text, const TextLin
             const auto place = static_cast<std::size_t>(end);
             if (!anywhere && !isBlank(text[place]))
                 continue;
-            lines = metrics.layOut(std::u32string(text.substr(0, place)) + Ellipsis, width);
+            lines = face.layOut(std::u32string(text.substr(0, place)) + Ellipsis, width);
             if (lineCount(lines) <= maxLines)
                 return lines;
         }
@@ -69,28 +70,41 @@ FtglFont::FtglFont(const std::string& path)
 
 FtglFont::~FtglFont() = default;
 
+void FtglFont::forget()
+{
+    cache_.clear();
+    faces_.clear();
+    files_.reset();
+}
+
 void FtglFont::setFont(const std::string& path)
 {
     if (path == fontPath)
         return;
-    cache_.clear();
-    faces_.clear();
-    file_.clear();
-    isFileRead_ = false;
+    forget();
     fontPath = path;
+}
+
+void FtglFont::setStandIns(std::vector<std::string> paths)
+{
+    if (paths == standIns_)
+        return;
+    forget();
+    standIns_ = std::move(paths);
 }
 
 FtglFace* FtglFont::faceFor(std::int16_t size)
 {
-    if (!isFileRead_) {
-        file_ = fontFileContent(fontPath);
-        isFileRead_ = true;
+    if (!files_) {
+        std::vector<std::string> paths = {fontPath};
+        paths.insert(paths.end(), standIns_.begin(), standIns_.end());
+        files_ = std::make_unique<FontFiles>(paths);
     }
     const std::int32_t points = effectiveFontSize(size);
     const unsigned int dots = resolution();
     std::unique_ptr<FtglFace>& face = faces_[{points, dots}];
     if (!face)
-        face = std::make_unique<FtglFace>(file_, points, dots);
+        face = std::make_unique<FtglFace>(*files_, points, dots);
     return face->isValid() ? face.get() : nullptr;
 }
 
@@ -128,7 +142,7 @@ const TextLines* FtglFont::linesOf(FtglFace& face, const TextLayout& layout)
 void FtglFont::layOut(CachedLines& cached, FtglFace& face)
 {
     const std::u32string text = shownText(cached.text);
-    cached.lines = face.metrics().layOut(text, cached.width);
+    cached.lines = face.layOut(text, cached.width);
     cached.state = CachedLines::Valid;
     if (cached.maxLines <= 0 || lineCount(cached.lines) <= cached.maxLines)
         return;
@@ -136,7 +150,7 @@ void FtglFont::layOut(CachedLines& cached, FtglFace& face)
     if (cached.lines.lines[last].first < 0)
         cached.state = CachedLines::Invalid;
     else
-        cached.lines = cutLines(face.metrics(), text, cached.lines, cached.maxLines, cached.width);
+        cached.lines = cutLines(face, text, cached.lines, cached.maxLines, cached.width);
 }
 
 const TextLines& FtglFont::lineOf(FtglFace& face, const std::string& text)
@@ -146,7 +160,7 @@ const TextLines& FtglFont::lineOf(FtglFace& face, const std::string& text)
     if (cached.state == CachedLines::New) {
         std::u32string characters = shownText(text);
         std::ranges::replace(characters, U'\n', U' ');
-        cached.lines = face.metrics().layOut(characters, UnlimitedWidth);
+        cached.lines = face.layOut(characters, UnlimitedWidth);
         cached.state = CachedLines::Valid;
     }
     return cached.lines;

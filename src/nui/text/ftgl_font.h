@@ -10,9 +10,11 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace nui {
 
+class FontFiles;
 class FtglFace;
 
 /// Draws text from a font file glyph by glyph, and knows the place of each character, as fields
@@ -30,6 +32,8 @@ public:
     [[nodiscard]] TextSize measureText(const TextLayout& layout) override;
     /// A path; see Font::fontPath.
     void setFont(const std::string& path) override;
+    /// Font files for the characters that the font's own lacks, in this order.
+    void setStandIns(std::vector<std::string> paths);
     [[nodiscard]] float getLineHeight(std::int16_t size, std::int32_t lines) override;
     [[nodiscard]] float getTextWidth(const std::string& text, std::int16_t size) override;
     [[nodiscard]] std::int32_t indexAtX(const std::string& text, std::int16_t size,
@@ -59,8 +63,10 @@ private:
     [[nodiscard]] CachedLines& cached(const CachedLines& wanted, std::string_view text);
     static void layOut(CachedLines& cached, FtglFace& face);
 
-    std::string file_; ///< the content of the font's file
-    bool isFileRead_ = false;
+    void forget();
+
+    std::vector<std::string> standIns_;
+    std::unique_ptr<FontFiles> files_; ///< null until needed
     std::map<std::pair<std::int32_t, unsigned int>, std::unique_ptr<FtglFace>> faces_;
     std::list<CachedLines> cache_; ///< what was asked for last in front
 };

@@ -39,7 +39,7 @@ FTGlyph* FtglMetrics::MakeGlyph(FT_GlyphSlot slot)
 // The library's layout goes through wide text, whose units are characters on some systems only. It
 // looks at it for blanks and line feeds; what it measures is the true text, at the same place.
 
-void FtglMetrics::setText(std::u32string_view text)
+void FtglMetrics::setText(std::u32string_view text, const GlyphChoice& choice)
 {
     record_ = {};
     lineBreaks_ = 0;
@@ -52,6 +52,13 @@ void FtglMetrics::setText(std::u32string_view text)
     }
     record_.starts.push_back(start);
     record_.characters.assign(text.size() + 1, {});
+    glyphs_.clear();
+    glyphs_.reserve(text.size());
+    for (std::size_t index = 0; index < text.size(); ++index) {
+        const Glyphs chosen = choice(text[index]);
+        glyphs_.push_back(chosen.metrics);
+        record_.characters[index].file = chosen.file;
+    }
     wide_.resize(text.size());
     std::ranges::transform(text, wide_.begin(), [](char32_t character) {
         return character <= LastOfOneUnit ? static_cast<wchar_t>(character) : SomeCharacter;
@@ -65,12 +72,14 @@ std::size_t FtglMetrics::indexOf(const wchar_t* place) const
 
 FTBBox FtglMetrics::boxAt(std::size_t index)
 {
-    return FTFont::BBox(record_.text.data() + record_.starts[index], 1, FTPoint(), FTPoint());
+    return glyphs_[index]->FTFont::BBox(record_.text.data() + record_.starts[index], 1, FTPoint(),
+                                        FTPoint());
 }
 
 float FtglMetrics::advanceAt(std::size_t index)
 {
-    return FTFont::Advance(record_.text.data() + record_.starts[index], 1, FTPoint());
+    return glyphs_[index]->FTFont::Advance(record_.text.data() + record_.starts[index], 1,
+                                           FTPoint());
 }
 
 FTBBox FtglMetrics::BBox(const wchar_t* text, int /*length*/, FTPoint /*position*/,
@@ -91,7 +100,10 @@ FTPoint FtglMetrics::Render(const wchar_t* text, int /*length*/, FTPoint positio
     // The library may step over a line feed at the start of a text.
     if (*text == L'\n')
         return position;
-    record_.characters[index] = {position.Xf(), lineBreaks_, true};
+    TextLines::Character& character = record_.characters[index];
+    character.x = position.Xf();
+    character.line = lineBreaks_;
+    character.drawn = true;
     return position + FTPoint(advanceAt(index), 0);
 }
 
@@ -101,9 +113,9 @@ float FtglMetrics::LineHeight() const
     return FTFont::LineHeight();
 }
 
-TextLines FtglMetrics::layOut(std::u32string_view text, float width)
+TextLines FtglMetrics::layOut(std::u32string_view text, float width, const GlyphChoice& choice)
 {
-    setText(text);
+    setText(text, choice);
     FTSimpleLayout layout;
     layout.SetFont(this);
     layout.SetLineLength(width);
@@ -125,10 +137,10 @@ void FtglMetrics::completeRecord()
         character.line = std::min(character.line, lineBreaks_);
         countIn(index);
         if (wide_[index] == L'\n')
-            next = {0, character.line + 1, false};
+            next = {.line = character.line + 1};
         else
-            next = {record_.lines[static_cast<std::size_t>(character.line)].end, character.line,
-                    false};
+            next = {.x = record_.lines[static_cast<std::size_t>(character.line)].end,
+                    .line = character.line};
     }
     next.line = std::min(next.line, lineBreaks_);
     record_.characters[wide_.size()] = next;

@@ -5,8 +5,10 @@
 #include <FTGL/ftgl.h>
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace nui {
 
@@ -27,8 +29,16 @@ public:
     [[nodiscard]] float descender() const { return -Descender(); }
     [[nodiscard]] float lineHeight() const { return FTFont::LineHeight(); }
 
+    /// Which of a font's files has a character, and its measures.
+    struct Glyphs {
+        FtglMetrics* metrics = nullptr;
+        std::uint8_t file = 0;
+    };
+    using GlyphChoice = std::function<Glyphs(char32_t character)>;
+
     /// `width` is where lines wrap.
-    [[nodiscard]] TextLines layOut(std::u32string_view text, float width);
+    [[nodiscard]] TextLines layOut(std::u32string_view text, float width,
+                                   const GlyphChoice& choice);
 
 private:
     FTGlyph* MakeGlyph(FT_GlyphSlot slot) override;
@@ -42,7 +52,7 @@ private:
     using FTFont::BBox;
     using FTFont::Render;
 
-    void setText(std::u32string_view text);
+    void setText(std::u32string_view text, const GlyphChoice& choice);
     void completeRecord();
     void countIn(std::size_t index);
     void finishLines();
@@ -50,7 +60,8 @@ private:
     [[nodiscard]] FTBBox boxAt(std::size_t index);
     [[nodiscard]] float advanceAt(std::size_t index);
 
-    std::wstring wide_; ///< of the text being laid out: one unit a character
+    std::wstring wide_;                ///< of the text being laid out: one unit a character
+    std::vector<FtglMetrics*> glyphs_; ///< of each of its characters
     TextLines record_;
     mutable std::int32_t lineBreaks_ = 0;
 };

@@ -46,6 +46,8 @@ public:
     /// The file of the first family that begins with the name, with "?" and an index above 0;
     /// empty if there is none.
     [[nodiscard]] std::string findFontfileSafe(const std::string& name) const;
+    /// The files of the faces that are made for some language, those for `lang` first.
+    [[nodiscard]] std::vector<std::string> languageFontFiles(const std::string& lang) const;
     /// The family to print with in place of a face of the screen; empty without even an Arial.
     void findBestSystemPrintFont(const std::string& name, std::string& printFont) const;
 

@@ -12,7 +12,8 @@ struct TextLines {
     struct Character {
         float x = 0; ///< of the pen in front of it
         std::int32_t line = 0;
-        bool drawn = false; ///< the library drops what ends a line
+        std::uint8_t file = 0; ///< of the font's, that has the glyph
+        bool drawn = false;    ///< the library drops what ends a line
     };
     struct Line {
         std::int32_t first = 0;
