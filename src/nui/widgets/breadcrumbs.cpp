@@ -239,14 +239,28 @@ void Breadcrumbs::showFrom(std::size_t first, bool more)
         separator->visibility = ofMore;
 }
 
+float Breadcrumbs::roomOf(const Widget& child) const
+{
+    return child.isInFlow() ? child.width + child.margin.both(Axis::X, width) : 0;
+}
+
 float Breadcrumbs::wantedWidth() const
 {
     float wanted = padding.both(Axis::X, width);
-    for (const WidgetPtr& child : children()) {
-        if (child->isInFlow())
-            wanted += child->width + child->margin.both(Axis::X, width);
-    }
+    for (const WidgetPtr& child : children())
+        wanted += roomOf(*child);
     return wanted;
+}
+
+/// `wanted` is the width of all parts and the more button.
+void Breadcrumbs::hideWhatHasNoRoom(float wanted)
+{
+    const std::vector<WidgetPtr> parts = childrenNamed(PartName);
+    const std::vector<WidgetPtr> separators = childrenNamed(SeparatorName);
+    std::size_t first = 0;
+    for (; first < separators.size() && (first == 0 || wanted > width); ++first)
+        wanted -= roomOf(*parts[first]) + roomOf(*separators[first]);
+    showFrom(first, first > 0);
 }
 
 bool Breadcrumbs::layout(std::uint32_t flags)
@@ -256,12 +270,12 @@ bool Breadcrumbs::layout(std::uint32_t flags)
     // All are measured, and then so many hidden as have no room; the last one stays.
     showFrom(0, true);
     const bool known = Container::layout(flags);
+    const float withMore = wantedWidth();
     showFrom(0, false);
-    const bool hasLimit = widthMode != Content && width >= 0;
-    while (hasLimit && hidden_ + 1 < keys_.size() && wantedWidth() > width)
-        showFrom(hidden_ + 1, true);
     if (widthMode == Content)
         measure();
+    else if (width >= 0 && wantedWidth() > width)
+        hideWhatHasNoRoom(withMore);
     return known;
 }
 

@@ -52,7 +52,9 @@ private:
     [[nodiscard]] MoreButton* moreButton() const;
     [[nodiscard]] std::vector<WidgetPtr> childrenNamed(const std::string& wanted) const;
     void showFrom(std::size_t first, bool more);
+    [[nodiscard]] float roomOf(const Widget& child) const;
     [[nodiscard]] float wantedWidth() const;
+    void hideWhatHasNoRoom(float wanted);
     void openHidden();
     void pick(std::int32_t index);
     [[nodiscard]] bool goAlong(const Widget& part, bool back);

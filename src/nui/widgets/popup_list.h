@@ -36,7 +36,7 @@ public:
     /// Called after the list has closed, with the item that was chosen.
     void setChoice(Choice choice) { choice_ = std::move(choice); }
     /// How many items are seen at once, if the window has room for them.
-    void setMaxRows(std::uint32_t rows) { maxRows_ = rows; }
+    void setMaxRows(std::uint32_t rows) { maxRows_ = rows > 0 ? rows : 1; }
 
     /// On the current screen: below the widget and as wide at the least, or above it where there
     /// is more room.
