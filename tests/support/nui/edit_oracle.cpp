@@ -74,6 +74,7 @@ public:
             if (rules_.maxLength != 0 && text.size() >= rules_.maxLength)
                 break;
             text.insert(text.begin() + caret, character);
+            broken_ = false;
             anchor = ++caret;
             ++count;
         }
@@ -105,6 +106,7 @@ public:
             return false;
         const auto [first, last] = std::minmax(caret, anchor);
         text.erase(text.begin() + first, text.begin() + last);
+        broken_ = false;
         anchor = caret = std::min(first, last);
         composing_ = false;
         return true;
@@ -151,9 +153,11 @@ public:
         else if (code == SDLK_BACKSPACE && !removeSelection() && !rules_.readOnly && caret > 0) {
             text.erase(text.begin() + --caret);
             anchor = caret;
-        } else if (code == SDLK_DELETE && !removeSelection() && !rules_.readOnly && caret < end())
+            broken_ = false;
+        } else if (code == SDLK_DELETE && !removeSelection() && !rules_.readOnly && caret < end()) {
             text.erase(text.begin() + caret);
-        else if (code == SDLK_RETURN && rules_.multiline)
+            broken_ = false;
+        } else if (code == SDLK_RETURN && rules_.multiline)
             insert({"\n", {"\n"}, false});
     }
 
@@ -190,8 +194,8 @@ public:
 private:
     [[nodiscard]] std::ptrdiff_t bytesOf(const std::string& character) const
     {
-        const bool stillBroken = broken_ && text == pieces().back().characters;
-        return stillBroken ? 1 : static_cast<std::ptrdiff_t>(character.size());
+        const bool isOneByte = broken_ && character == pieces().back().characters.back();
+        return isOneByte ? 1 : static_cast<std::ptrdiff_t>(character.size());
     }
 
     Rules rules_;
