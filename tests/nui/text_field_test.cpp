@@ -549,8 +549,8 @@ TEST_F(text_field_test, bytes_that_are_no_text_become_replacement_characters_wit
     EXPECT_EQ(after({{SDLK_END}}), "a\xEF\xBF\xBD\xEF\xBF\xBDz|");
     EXPECT_EQ(field->getText(), "a\xFF\xC3z");
     EXPECT_EQ(afterTyping("!"), "a\xEF\xBF\xBD\xEF\xBF\xBDz!|");
-    SDL_SetClipboardText("\xE5\x88");
-    EXPECT_EQ(after({{SDLK_a, Control}, {SDLK_v, Control}}), "\xEF\xBF\xBD\xEF\xBF\xBD|");
+    SDL_SetClipboardText("a\xFFz");
+    EXPECT_EQ(after({{SDLK_a, Control}, {SDLK_v, Control}}), "a\xEF\xBF\xBDz|");
 }
 
 } // namespace
