@@ -29,10 +29,7 @@ public:
     virtual void setWidgetEnabled(bool enabled) = 0;
     [[nodiscard]] virtual T getWidgetValue() = 0;
     /// Sends the widget's value to the model; nothing while unbound.
-    virtual void pushValue()
-    {
-        send(getWidgetValue());
-    }
+    virtual void pushValue() { send(getWidgetValue()); }
 
     /// The widget shows the property's value from now on; a former property is let go.
     void bind(std::unique_ptr<property_delegater_base<T>> delegater)
@@ -47,6 +44,12 @@ public:
 
 protected:
     [[nodiscard]] virtual std::string widgetId() const = 0;
+    /// Shows what the model has, though nothing was emitted.
+    void showModel()
+    {
+        if (delegate_)
+            setWidgetValue(delegate_->get());
+    }
     /// To the model; nothing while unbound.
     void send(const T& value)
     {

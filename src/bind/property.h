@@ -21,9 +21,9 @@ template <class T> [[nodiscard]] bool isSameValue(const T& one, const T& other)
 [[nodiscard]] inline bool isSameValue(float one, float other)
 {
     const float difference = std::abs(one - other);
-    return std::isfinite(difference) &&
-           difference <= std::max({1.0F, std::abs(one), std::abs(other)}) *
-                             std::numeric_limits<float>::epsilon();
+    return one == other || (std::isfinite(difference) &&
+                            difference <= std::max({1.0F, std::abs(one), std::abs(other)}) *
+                                              std::numeric_limits<float>::epsilon());
 }
 
 /// A value of a model that widgets can be bound to. It must outlive them. Main thread only.

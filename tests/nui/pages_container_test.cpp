@@ -71,6 +71,32 @@ TEST_F(pages_container_test, gives_the_page_its_whole_room_whatever_size_it_asks
                                              " two 10 0 0 0\n");
 }
 
+TEST_F(pages_container_test, is_as_large_as_the_page_that_shows_where_it_has_no_size_itself)
+{
+    pages->widthMode = pages->heightMode = nui::Content;
+    nui::Widget& two = *pages->findByName("two");
+    two.widthMode = two.heightMode = nui::Px;
+    two.widthValue = 50;
+    two.heightValue = 40;
+    pages->show("two");
+    nui::test::layOut(*pages);
+    EXPECT_EQ(nui::test::rectangles(*pages), "root 0 0 80 45\n"
+                                             " one 13 0 0 0\n"
+                                             "  inside 13 0 0 0\n"
+                                             " two 10 5 50 40\n");
+}
+
+TEST_F(pages_container_test, a_page_that_was_taken_out_shows_no_more)
+{
+    pages->show("two");
+    const nui::WidgetPtr two = pages->current();
+    pages->remove(two.get());
+    nui::test::layOut(*pages);
+    EXPECT_FALSE(pages->current());
+    pages->add(two);
+    EXPECT_TRUE(pages->show("two"));
+}
+
 TEST_F(pages_container_test, a_clone_shows_its_own_page)
 {
     pages->show("two");

@@ -4,10 +4,12 @@
 #include "nui/widgets/container.h"
 #include "support/nui/headless_screen.h"
 #include "support/nui/layout.h"
+#include "support/nui/picture_folder.h"
 #include "support/nui/pixel_at.h"
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <memory>
 #include <string>
 
@@ -34,10 +36,14 @@ protected:
         row->draw({0, 0}, 1);
     }
 
-    static std::string topRow() { return nui::test::pixelRows(0, 0, 40, 1, "ff0000=r 000000=."); }
+    static std::string topRow()
+    {
+        return nui::test::pixelRows(0, 0, 40, 1, "ff0000=r 0000ff=b ffffff=w 000000=.");
+    }
 
     nui::test::MeasuringEngine engine;
     nui::test::HeadlessScreen window{40, 10};
+    nui::test::PictureFolder pictures;
     std::shared_ptr<nui::Container> row;
 };
 
@@ -51,7 +57,22 @@ TEST_F(progress_bar_test, a_value_fills_its_share_and_needs_no_tween)
     bar->setValue(1);
     redraw();
     EXPECT_EQ(topRow(), std::string(40, 'r') + "\n");
+    bar->setValue(std::numeric_limits<float>::infinity());
+    redraw();
+    EXPECT_EQ(topRow(), std::string(40, 'r') + "\n") << "progress without an end";
     EXPECT_EQ(nui::engine().tweens.size(), 0U);
+}
+
+TEST_F(progress_bar_test, pictures_stretch_over_the_value_and_stripes_run_along_it)
+{
+    nui::engine().resourceDirectory = pictures.path();
+    pictures.write("bar.png", "w\n");
+    pictures.write("stripes.png", "wwkk\nwwkk\nwwkk\nwwkk\n");
+    draw(", 'indeterminate': false, 'value': 0.5, 'imageFile': 'bar', 'backImageFile': 'bar',"
+         "'secondaryColor': '#0000ff'");
+    EXPECT_EQ(topRow(), std::string(20, 'r') + std::string(20, 'b') + "\n");
+    draw(", 'value': 0.25, 'candystickImageFile': 'stripes', 'candystickBackImageFile': 'bar'");
+    EXPECT_EQ(topRow(), "ww..ww..ww" + std::string(30, 'w') + "\n");
 }
 
 // Pitches of e^(i + phase) - 1, with gaps of twice the height; the last block ends with the bar.
@@ -80,6 +101,10 @@ TEST_F(progress_bar_test, the_pattern_runs_only_while_it_can_be_seen)
     EXPECT_NE(topRow(), before);
     bar->setIndeterminate(false);
     EXPECT_FALSE(bar->isRunning());
+    bar->setIndeterminate(true);
+    EXPECT_TRUE(bar->isRunning());
+    *bar = nui::ProgressBar(*bar);
+    EXPECT_TRUE(bar->isRunning());
 }
 
 TEST_F(progress_bar_test, a_clone_runs_by_itself_and_a_dead_one_leaves_no_tween)

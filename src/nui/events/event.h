@@ -51,6 +51,13 @@ public:
     using Function = void (*)(Event& event);
 
     explicit ListenerListOf(Sender* listOwner) : owner(listOwner) {}
+    /// A copy is not being called.
+    ListenerListOf(const ListenerListOf& other) : owner(other.owner), entries_(other.entries_)
+    {
+        dropRemoved();
+    }
+    ListenerListOf& operator=(const ListenerListOf&) = delete;
+    ~ListenerListOf() = default;
 
     /// An equal entry is removed first, so that the new one stands last.
     void subscribe(EventType type, Function function, void* user)
@@ -87,7 +94,7 @@ public:
     /// which are reached, and remove any.
     void call(Event& event)
     {
-        ++calls_;
+        const Call counted(*this); // listeners may throw
         for (std::size_t index = 0;
              index < entries_.size() && event.stopLevel < stop_level::Swallow; ++index) {
             const Entry entry = entries_[index];
@@ -96,8 +103,6 @@ public:
             event.user = entry.user;
             entry.function(event);
         }
-        if (--calls_ == 0)
-            std::erase_if(entries_, [](const Entry& entry) { return entry.function == nullptr; });
     }
 
     Sender* owner;
@@ -110,6 +115,27 @@ private:
 
         bool operator==(const Entry&) const = default;
     };
+
+    /// One call() that is under way, also if a listener throws.
+    class Call {
+    public:
+        explicit Call(ListenerListOf& list) : list_(list) { ++list_.calls_; }
+        Call(const Call&) = delete;
+        Call& operator=(const Call&) = delete;
+        ~Call()
+        {
+            if (--list_.calls_ == 0)
+                list_.dropRemoved();
+        }
+
+    private:
+        ListenerListOf& list_;
+    };
+
+    void dropRemoved()
+    {
+        std::erase_if(entries_, [](const Entry& entry) { return entry.function == nullptr; });
+    }
 
     /// Entries keep their places while the list is being called.
     template <class Condition> void removeIf(Condition condition)

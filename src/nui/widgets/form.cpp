@@ -164,8 +164,12 @@ void Form::activateDefault(Widget& sender)
         if (container == nullptr || !container->form)
             continue;
         const WidgetPtr item = container->form->defaultItem();
-        if (item && item.get() != &sender)
-            send(*item, plain_event::Activate);
+        if (!item || item.get() == &sender || !item->isChainEnabled())
+            return;
+        // First a field's own last word: what is bound to it takes over its text.
+        if (dynamic_cast<TextField*>(&sender) != nullptr)
+            send(sender, plain_event::Activate);
+        send(*item, plain_event::Activate);
         return;
     }
 }

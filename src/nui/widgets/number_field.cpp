@@ -172,7 +172,7 @@ void NumberField::commit()
     if (text == nullptr || text->getText() == shown)
         return;
     std::string typed = text->getText();
-    const std::string unit = translated(unitKey_);
+    const std::string unit = shownUnit();
     if (!unit.empty() && typed.ends_with(unit))
         typed.erase(typed.size() - unit.size());
     if (const std::optional<double> number = numberFrom(typed))
@@ -205,12 +205,17 @@ void NumberField::showValue()
         text->setText(shown);
 }
 
+std::string NumberField::shownUnit() const
+{
+    return translated(unitKey_);
+}
+
 void NumberField::showUnit()
 {
     auto* const label = dynamic_cast<TextLabel*>(findChild(UnitName).get());
     if (label == nullptr)
         return;
-    label->setText(translated(unitKey_));
+    label->setText(shownUnit());
     label->visibility = unitKey_.empty() ? visibility::Collapsed : visibility::Visible;
 }
 

@@ -36,7 +36,7 @@ public:
     void setDecimals(std::uint32_t decimals);
     /// A language key or text.
     void setUnit(const std::string& key);
-    [[nodiscard]] const std::string& unit() const { return unitKey_; }
+    [[nodiscard]] std::string shownUnit() const;
 
     /// So many steps, by the user; what is being typed is committed before.
     void stepBy(float steps);

@@ -1,5 +1,6 @@
 #include "nui/widgets/pages_container.h"
 
+#include "nui/engine/engine.h"
 #include "nui/events/dispatch.h"
 #include "nui/widgets/screen.h"
 
@@ -48,15 +49,48 @@ bool PagesContainer::show(const WidgetPtr& page)
     }
     if (page == current_ || !find(page.get()))
         return false;
-    if (current_)
+    if (current_) {
         current_->visibility = visibility::Collapsed;
+        releaseFocus(*current_);
+    }
     current_ = page;
     page->visibility = visibility::Visible;
+    // A listener may let this container go, with its screen.
+    const WidgetPtr held = weak_from_this().lock();
     PagesContainerEvent opened;
     dispatch(*page, opened, Phase::AtTarget);
     if (Screen* const shown = screen())
         shown->markDirty();
     return true;
+}
+
+/// Keys must not go on into a page that cannot be seen.
+void PagesContainer::releaseFocus(const Widget& page)
+{
+    const Screen* const shown = screen();
+    if (shown != nullptr && page.contains(shown->focusedWidget.get()))
+        engine().setFocus(nullptr);
+}
+
+void PagesContainer::measure()
+{
+    if (!current_) {
+        Container::measure();
+        return;
+    }
+    for (const Axis axis : {Axis::X, Axis::Y}) {
+        if (mode(axis) != Content)
+            continue;
+        const float page = current_->extent(axis);
+        extent(axis) = page < 0 ? -1 : page + roomAround(axis, page);
+    }
+    applyLimits();
+}
+
+/// What padding and the page's margins take of that length.
+float PagesContainer::roomAround(Axis axis, float length) const
+{
+    return padding.both(axis, length) + current_->margin.both(axis, length);
 }
 
 bool PagesContainer::layout(std::uint32_t flags)
@@ -69,10 +103,15 @@ bool PagesContainer::layout(std::uint32_t flags)
     if (!forced && isLayoutValid())
         return true;
     setLayoutValid(true);
+    if (current_ && !find(current_.get()))
+        current_.reset(); // it was taken out
     if (current_) {
-        for (const Axis axis : {Axis::X, Axis::Y})
-            current_->extent(axis) = extent(axis) - padding.both(axis, extent(axis)) -
-                                     current_->margin.both(axis, extent(axis));
+        for (const Axis axis : {Axis::X, Axis::Y}) {
+            if (extent(axis) < 0) // follows from the page's own size
+                current_->resolveExtent(axis, -1);
+            else
+                current_->extent(axis) = extent(axis) - roomAround(axis, extent(axis));
+        }
         if (!current_->layout(flags | layout_flag::Force))
             setLayoutValid(false);
     }

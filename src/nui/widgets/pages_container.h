@@ -23,6 +23,8 @@ public:
     ~PagesContainer() override = default;
 
     bool layout(std::uint32_t flags) override;
+    /// By the page that shows alone.
+    void measure() override;
     [[nodiscard]] const char* className() const override { return "PagesContainer"; }
 
     /// Brings the child of that name to the front and tells it so. False if it is there already
@@ -33,6 +35,8 @@ public:
 
 private:
     void adoptCurrent(const PagesContainer& other);
+    void releaseFocus(const Widget& page);
+    [[nodiscard]] float roomAround(Axis axis, float length) const;
 
     WidgetPtr current_;
     bool started_ = false; ///< the first show() has hidden all pages

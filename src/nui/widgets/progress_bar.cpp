@@ -31,7 +31,7 @@ void readTexture(NuiReader& reader, const TextureRef*& texture, const char* key)
 
 ProgressBar::ProgressBar(const ProgressBar& other) : Cloneable<ProgressBar, Widget>(other)
 {
-    *this = other;
+    adopt(other);
 }
 
 ProgressBar& ProgressBar::operator=(const ProgressBar& other)
@@ -39,6 +39,13 @@ ProgressBar& ProgressBar::operator=(const ProgressBar& other)
     if (this == &other)
         return *this;
     Widget::operator=(other);
+    adopt(other);
+    runOrRest();
+    return *this;
+}
+
+void ProgressBar::adopt(const ProgressBar& other)
+{
     indeterminate_ = other.indeterminate_;
     value_ = other.value_;
     phase_ = other.phase_;
@@ -47,12 +54,11 @@ ProgressBar& ProgressBar::operator=(const ProgressBar& other)
     candystickImage_ = other.candystickImage_;
     candystickBackImage_ = other.candystickBackImage_;
     secondaryColor_ = other.secondaryColor_;
-    return *this;
 }
 
 ProgressBar::~ProgressBar()
 {
-    if (tween_)
+    if (tween_ && Engine::exists())
         engine().tweens.kill(tween_);
 }
 
@@ -72,8 +78,7 @@ bool ProgressBar::read(NuiReader& reader)
 void ProgressBar::setIndeterminate(bool set)
 {
     indeterminate_ = set;
-    if (!set && tween_)
-        tween_->setPaused(true);
+    runOrRest();
 }
 
 void ProgressBar::drawContent()
@@ -86,12 +91,19 @@ void ProgressBar::drawContent()
         drawStripes();
 }
 
+/// Progress without an end fills all that can be drawn.
+float ProgressBar::shownLength() const
+{
+    constexpr float FarAway = 32768;
+    return std::min(value_ * width, FarAway);
+}
+
 void ProgressBar::drawValue() const
 {
     const auto whole = textureSpan(0, 1);
     if (image_ == nullptr) {
         setColor(color, drawAlpha);
-        fillRect(x, y, value_ * width, height);
+        fillRect(x, y, shownLength(), height);
         return;
     }
     if (backImage_ != nullptr) {
@@ -99,7 +111,7 @@ void ProgressBar::drawValue() const
         texturedQuad(backImage_, x, y, width, height, whole.data());
     }
     setColor(color, drawAlpha);
-    texturedQuad(image_, x, y, value_ * width, height, whole.data());
+    texturedQuad(image_, x, y, shownLength(), height, whole.data());
 }
 
 /// Blocks that grow exponentially from left to right, and flow as the phase runs.
@@ -127,7 +139,7 @@ void ProgressBar::drawStripes() const
     };
     if (candystickBackImage_ != nullptr)
         draw(candystickBackImage_, width);
-    draw(candystickImage_, value_ * width);
+    draw(candystickImage_, shownLength());
 }
 
 bool ProgressBar::canBeSeen() const
@@ -143,12 +155,27 @@ bool ProgressBar::canBeSeen() const
 
 void ProgressBar::place()
 {
-    if (!indeterminate_)
-        return;
+    if (indeterminate_) {
+        requireTween();
+        runOrRest();
+    }
+}
+
+void ProgressBar::requireTween()
+{
     if (!tween_)
         tween_ = createTween(engine().tweens, PatternSeconds,
                              {tween_item::loop(), tween_item::value(&phase_, 1.0F)});
-    tween_->setPaused(!canBeSeen());
+}
+
+/// The pattern runs from the moment on when it can be seen, and no longer.
+void ProgressBar::runOrRest()
+{
+    const bool runs = indeterminate_ && canBeSeen();
+    if (runs)
+        requireTween();
+    if (tween_)
+        tween_->setPaused(!runs);
 }
 
 } // namespace nui

@@ -32,6 +32,10 @@ public:
     [[nodiscard]] bool isRunning() const { return tween_ && !tween_->isPaused(); }
 
 private:
+    void adopt(const ProgressBar& other);
+    void requireTween();
+    void runOrRest();
+    [[nodiscard]] float shownLength() const;
     void drawValue() const;
     void drawBlocks() const;
     void drawStripes() const;

@@ -1,5 +1,6 @@
 #include "shared/ui/bindable_number_fields.h"
 
+#include "bind/property.h"
 #include "nui/reader/nui_reader.h"
 
 #include <algorithm>
@@ -29,22 +30,46 @@ double scaleOf(std::string_view unitName)
     return found == DisplayUnits.end() ? DisplayUnits.front().scale : found->scale;
 }
 
+/// Answers whether the field has made another value of it.
+bool isChangedBy(nui::NumberField& field, float value)
+{
+    field.setValue(value);
+    return !nrd::bind::isSameValue(field.value(), value);
+}
+
 } // namespace
+
+void bindable_number_field::setWidgetValue(const float& value)
+{
+    if (isChangedBy(*this, value))
+        pushValue();
+}
 
 void bindable_number_field_length::setWidgetValue(const millimetres& value)
 {
-    setValue(static_cast<float>(value.in(scaleOf(unit()))));
+    if (isChangedBy(*this, static_cast<float>(value.in(scaleOf(shownUnit())))))
+        pushValue();
 }
 
 millimetres bindable_number_field_length::getWidgetValue()
 {
-    return millimetres::from(static_cast<double>(value()), scaleOf(unit()));
+    return millimetres::from(static_cast<double>(value()), scaleOf(shownUnit()));
+}
+
+void bindable_number_field_custom::setWidgetValue(const float& value)
+{
+    if (isChangedBy(*this, value * factor))
+        pushValue();
 }
 
 bool bindable_number_field_custom::read(nui::NuiReader& reader)
 {
     NumberField::read(reader);
-    reader.readFloat(factor, "factor");
+    float read = factor;
+    if (reader.readFloat(read, "factor") && read == 0)
+        reader.reportFault(nui::LayoutFault::Kind::UnknownValue, "0", "factor");
+    else
+        factor = read;
     return true;
 }
 

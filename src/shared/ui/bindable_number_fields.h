@@ -9,7 +9,8 @@ namespace nrd::shared::ui {
 class bindable_number_field
     : public bindable_widget<bindable_number_field, nui::NumberField, float> {
 public:
-    void setWidgetValue(const float& value) override { setValue(value); }
+    /// A value beyond the field's limits goes back to the model as the field has it.
+    void setWidgetValue(const float& value) override;
     [[nodiscard]] float getWidgetValue() override { return value(); }
     [[nodiscard]] const char* className() const override { return "bindable_number_field"; }
 };
@@ -19,6 +20,7 @@ public:
 class bindable_number_field_length
     : public bindable_widget<bindable_number_field_length, nui::NumberField, millimetres> {
 public:
+    /// As with bindable_number_field.
     void setWidgetValue(const millimetres& value) override;
     [[nodiscard]] millimetres getWidgetValue() override;
     [[nodiscard]] const char* className() const override { return "bindable_number_field_length"; }
@@ -29,7 +31,8 @@ class bindable_number_field_custom
     : public bindable_widget<bindable_number_field_custom, nui::NumberField, float> {
 public:
     bool read(nui::NuiReader& reader) override;
-    void setWidgetValue(const float& value) override { setValue(value * factor); }
+    /// As with bindable_number_field.
+    void setWidgetValue(const float& value) override;
     /// What the field shows; it is divided on its way to the model.
     [[nodiscard]] float getWidgetValue() override { return value(); }
     void pushValue() override { send(getWidgetValue() / factor); }

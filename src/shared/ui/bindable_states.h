@@ -40,6 +40,14 @@ public:
     /// The id, on or off: what a click wants is to be the one.
     [[nodiscard]] std::string getWidgetValue() override { return id; }
     [[nodiscard]] const char* className() const override { return "bindable_radio_button_string"; }
+
+protected:
+    /// The click has stepped the state also if this one was on before, and then nothing is emitted.
+    void handlePush(nui::WidgetEvent& /*event*/) override
+    {
+        pushValue();
+        showModel();
+    }
 };
 
 } // namespace nrd::shared::ui

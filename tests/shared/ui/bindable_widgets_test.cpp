@@ -138,6 +138,8 @@ TEST_F(bindable_widgets_test, radio_buttons_of_one_text_are_a_group)
     EXPECT_EQ(states(), "01");
     click("metric");
     EXPECT_EQ(system.get() + states(), "metric10");
+    click("metric");
+    EXPECT_EQ(system.get() + states(), "metric10") << "a second click leaves it on";
     system.set("neither");
     EXPECT_EQ(states(), "00");
 }
@@ -168,6 +170,46 @@ TEST_F(bindable_widgets_test, number_fields_show_numbers_lengths_and_multiples)
     EXPECT_FLOAT_EQ(custom.get(), 3);
     EXPECT_FLOAT_EQ(multiple.value(), 30);
     EXPECT_EQ(taken(), "") << "the undivided value is nobody else's";
+}
+
+TEST_F(bindable_widgets_test, what_a_number_field_makes_of_a_value_goes_back_to_the_model)
+{
+    openAll(widget("bindable_number_field", "plain", "'maximum': 100") +
+            widget("bindable_number_field_length", "length", "'unit': 'in', 'maximum': 2") +
+            widget("bindable_number_field_custom", "custom", "'maximum': 5, 'factor': 10"));
+    property<float> plain(200);
+    property<millimetres> length(millimetres(25.4));
+    property<float> custom(2);
+    get<bindable_number_field>("plain").bind(delegate(plain));
+    get<bindable_number_field_length>("length").bind(delegate(length));
+    get<bindable_number_field_custom>("custom").bind(delegate(custom));
+    EXPECT_FLOAT_EQ(plain.get(), 100);
+    EXPECT_EQ(length.get(), millimetres(25.4));
+    length.set(millimetres(254));
+    EXPECT_NEAR(length.get().value(), 50.8, 1e-6);
+    EXPECT_FLOAT_EQ(custom.get(), 0.5F);
+}
+
+TEST_F(bindable_widgets_test, the_models_hear_of_return_before_the_default_button_does)
+{
+    openAll(widget("bindable_integer_textfield", "field") +
+            "{'class': 'TextButton', 'name': 'ok', 'width': 60, 'height': 20, 'default': true},");
+    property<int> number(80);
+    get<bindable_integer_textfield>("field").bind(delegate(number));
+    noteActivations("ok", [&number] { return std::to_string(number.get()); });
+    focus("field");
+    get<bindable_integer_textfield>("field").setText("81");
+    toolkit.key(SDLK_RETURN);
+    EXPECT_EQ(taken(), "81 ");
+}
+
+TEST_F(bindable_widgets_test, a_drop_down_without_a_choice_leaves_the_model_alone)
+{
+    openAll(widget("bindable_dropdown", "list", "'items': ['one', 'two']"));
+    property<std::string> choice("four");
+    get<bindable_dropdown>("list").bind(delegate(choice));
+    click("list");
+    EXPECT_EQ(choice.get(), "four");
 }
 
 TEST_F(bindable_widgets_test, a_drop_down_is_bound_to_a_text)
@@ -234,6 +276,9 @@ TEST_F(bindable_widgets_test, a_clone_is_bound_to_the_same_property_and_pushes_f
     clone.insertText("c");
     EXPECT_EQ(text.get(), "cb");
     EXPECT_EQ(field.getText(), "cb");
+    open("{'class': 'bindable_number_field_custom', 'name': 'custom', 'factor': 4}");
+    const nui::WidgetPtr scaled = find("custom")->clone();
+    EXPECT_FLOAT_EQ(dynamic_cast<bindable_number_field_custom&>(*scaled).factor, 4);
     clone.setWidgetEnabled(false);
     EXPECT_TRUE(field.touchEnabled);
     EXPECT_FALSE(clone.touchEnabled);
