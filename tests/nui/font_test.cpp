@@ -159,6 +159,21 @@ TEST(ftgl_font, a_file_that_is_no_font_is_a_font_without_glyphs)
     }
 }
 
+TEST(ftgl_font, other_files_stand_in_for_what_its_own_lacks)
+{
+    const std::string korean = "\uD55C\uAD6D\uC5B4";
+    FtglFont latin(test::latinFontFile());
+    FtglFont own(test::koreanFontFile());
+    const float replaced = latin.getTextWidth(korean, 20);
+    const float latinWidth = latin.getTextWidth("Latin", 20);
+    latin.setStandIns({"no such file", test::koreanFontFile()});
+    EXPECT_NE(latin.getTextWidth(korean, 20), replaced);
+    EXPECT_EQ(latin.getTextWidth(korean, 20), own.getTextWidth(korean, 20));
+    EXPECT_EQ(latin.getTextWidth("Latin", 20), latinWidth);
+    latin.setStandIns({});
+    EXPECT_EQ(latin.getTextWidth(korean, 20), replaced);
+}
+
 TEST(ftgl_font, it_is_wider_than_its_text_by_a_fifth_of_its_size)
 {
     FtglFont font(test::latinFontFile());

@@ -4,6 +4,7 @@
 
 #include <set>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -203,6 +204,24 @@ TEST_F(language_font, the_systems_own_face_is_recognised_in_the_table)
                           "path2 = fontsPath + systemFonts[i + 2];\n"
                           "path2 += systemFonts[i + 3];\n"
                           "path2: F/YuGothM.ttc?1\n");
+}
+
+TEST(system_fonts, fields_get_the_faces_of_all_languages_their_own_first)
+{
+    files() = {"F/gothic.ttc", "F/malgun.ttf", "F/msyh.ttc"};
+    const SystemFonts fonts("F/",
+                            {font("Yu Gothic UI", "gothic.ttc", 1),
+                             font("Malgun Gothic UI", "malgun.ttf"),
+                             font("Microsoft YaHei UI", "msyh.ttc")},
+                            isThere);
+    using Files = std::vector<std::string>;
+    EXPECT_EQ(fonts.languageFontFiles("en"),
+              (Files{"F/gothic.ttc?1", "F/malgun.ttf", "F/msyh.ttc"}));
+    EXPECT_EQ(fonts.languageFontFiles("kor"),
+              (Files{"F/malgun.ttf", "F/gothic.ttc?1", "F/msyh.ttc"}));
+    for (const char* const simplified : {"chs", "zh-Hans"})
+        EXPECT_EQ(fonts.languageFontFiles(simplified),
+                  (Files{"F/msyh.ttc", "F/gothic.ttc?1", "F/malgun.ttf"}));
 }
 
 TEST(system_fonts, this_systems_list_is_read_once)

@@ -79,6 +79,15 @@ std::size_t FontFiles::indexFor(char32_t character)
     return 0;
 }
 
+float FontFiles::lineHeight()
+{
+    files_.front()->read();
+    const Face& face = files_.front()->face;
+    if (!face || face->units_per_EM == 0)
+        return 0;
+    return static_cast<float>(face->height) / static_cast<float>(face->units_per_EM);
+}
+
 const std::string& FontFiles::contentOf(std::size_t index)
 {
     files_[index]->read();

@@ -19,6 +19,9 @@ public:
 
     /// Of the first file with the character; 0 if none has it.
     [[nodiscard]] std::size_t indexFor(char32_t character);
+    /// From line to line, in heights of a character, of the font's own file; 0 if that is none. It
+    /// is what the designer wants: FTGL would leave room for the highest glyph of all.
+    [[nodiscard]] float lineHeight();
     /// Empty if there is no such font; keeps its place.
     [[nodiscard]] const std::string& contentOf(std::size_t index);
 

@@ -2,6 +2,8 @@
 
 #include <GL/glew.h>
 
+#include <cmath>
+
 namespace nui {
 
 namespace {
@@ -9,10 +11,17 @@ namespace {
 /// Of all that is drawn in 2D.
 constexpr float Depth = -0.9F;
 
+float pixelsOf(std::int32_t points, unsigned int resolution)
+{
+    constexpr float PointsOfInch = 72;
+    return static_cast<float>(points) * static_cast<float>(resolution) / PointsOfInch;
+}
+
 } // namespace
 
 FtglFace::FtglFace(FontFiles& files, std::int32_t size, unsigned int resolution)
-    : files_(files), size_(size), resolution_(resolution), faces_(1)
+    : files_(files), size_(size), resolution_(resolution),
+      lineHeight_(std::round(files.lineHeight() * pixelsOf(size, resolution))), faces_(1)
 {
     static_cast<void>(metricsOf(0));
 }

@@ -23,6 +23,8 @@ public:
     [[nodiscard]] bool isValid() const { return faces_.front().metrics->isValid(); }
     [[nodiscard]] const FtglMetrics& metrics() const { return *faces_.front().metrics; }
     [[nodiscard]] std::int32_t size() const { return size_; }
+    /// In whole pixels.
+    [[nodiscard]] float lineHeight() const { return lineHeight_; }
 
     [[nodiscard]] TextLines layOut(std::u32string_view text, float width);
     /// Characters of one line, from `first` to in front of `end`. `origin` is the left end of the
@@ -43,6 +45,7 @@ private:
     FontFiles& files_;
     std::int32_t size_;
     unsigned int resolution_;
+    float lineHeight_;
     std::vector<Face> faces_; ///< by file; made when first needed
 };
 

@@ -173,13 +173,13 @@ TextSize FtglFont::measureText(const TextLayout& layout)
     if (lines == nullptr)
         return {};
     return {lines->width + extraWidth(*face),
-            static_cast<float>(lines->lines.size()) * face->metrics().lineHeight()};
+            static_cast<float>(lines->lines.size()) * face->lineHeight()};
 }
 
 float FtglFont::getLineHeight(std::int16_t size, std::int32_t lines)
 {
     FtglFace* const face = faceFor(size);
-    return face != nullptr ? face->metrics().lineHeight() * static_cast<float>(lines) : 0;
+    return face != nullptr ? face->lineHeight() * static_cast<float>(lines) : 0;
 }
 
 float FtglFont::getTextWidth(const std::string& text, std::int16_t size)

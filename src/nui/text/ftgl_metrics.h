@@ -27,7 +27,6 @@ public:
     [[nodiscard]] bool isValid() const { return Error() == 0; }
     [[nodiscard]] float ascender() const { return Ascender(); }
     [[nodiscard]] float descender() const { return -Descender(); }
-    [[nodiscard]] float lineHeight() const { return FTFont::LineHeight(); }
 
     /// Which of a font's files has a character, and its measures.
     struct Glyphs {

@@ -42,7 +42,7 @@ void fill(float x, float y, float width, float height, Color color)
 } // namespace
 
 PlacedText::PlacedText(FtglFace& face, const TextLines& lines, const TextLayout& layout)
-    : face_(face), lines_(lines), layout_(layout), lineHeight_(face.metrics().lineHeight()),
+    : face_(face), lines_(lines), layout_(layout), lineHeight_(face.lineHeight()),
       ascender_(face.metrics().ascender())
 {
     const float free = layout.height - lineHeight_ * static_cast<float>(lines.lines.size());
