@@ -1,5 +1,6 @@
 #include "nui/draw/gl_context.h"
 
+#include "nui/draw/texture.h"
 #include "nui/engine/window_handle.h"
 
 #include <GL/glew.h>
@@ -151,6 +152,7 @@ void closeGl()
         SDL_GL_DeleteContext(state().sharedContext);
         SDL_GL_UnloadLibrary();
     }
+    forgetFreedTextures();
     state() = {};
 }
 

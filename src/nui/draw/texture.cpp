@@ -5,7 +5,9 @@
 
 #include <GL/glew.h>
 #include <SDL2/SDL_surface.h>
+#include <SDL2/SDL_video.h>
 #include <utility>
+#include <vector>
 
 namespace nui {
 
@@ -24,6 +26,19 @@ SurfacePtr loadRgba(const std::string& path)
     const SurfacePtr file = loadSurface(path);
     return SurfacePtr(file ? SDL_ConvertSurfaceFormat(file.get(), SDL_PIXELFORMAT_ABGR8888, 0)
                            : nullptr);
+}
+
+/// Names of textures that were let go while no context was current, as between two windows.
+std::vector<GLuint>& unused()
+{
+    static auto* const names = new std::vector<GLuint>;
+    return *names;
+}
+
+void deleteUnused()
+{
+    glDeleteTextures(static_cast<GLsizei>(unused().size()), unused().data());
+    unused().clear();
 }
 
 } // namespace
@@ -63,6 +78,7 @@ std::string imagePath(const std::string& name, const std::string& resourceDirect
 
 TextureRef makeTexture(const void* pixels, std::int32_t width, std::int32_t height)
 {
+    deleteUnused();
     TextureRef texture{0, width, height};
     glGenTextures(1, &texture.glName);
     glBindTexture(GL_TEXTURE_2D, texture.glName);
@@ -80,8 +96,15 @@ void repeatAcross(const TextureRef& texture)
 
 void freeTexture(TextureRef& texture)
 {
-    glDeleteTextures(1, &texture.glName);
+    unused().push_back(texture.glName);
     texture = {};
+    if (SDL_GL_GetCurrentContext() != nullptr)
+        deleteUnused();
+}
+
+void forgetFreedTextures()
+{
+    unused().clear();
 }
 
 } // namespace nui

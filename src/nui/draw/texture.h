@@ -40,7 +40,10 @@ private:
 
 /// Uploads 32-bit RGBA pixels, rows without padding, from the top; the caller owns the texture.
 [[nodiscard]] TextureRef makeTexture(const void* pixels, std::int32_t width, std::int32_t height);
+/// Takes effect with the next one that is made if no context is current.
 void freeTexture(TextureRef& texture);
+/// The shared context has gone, and what was in it.
+void forgetFreedTextures();
 /// Lets texture coordinates beyond 1 begin anew along its width.
 void repeatAcross(const TextureRef& texture);
 

@@ -49,6 +49,7 @@ void Popups::close()
     if (screen == nullptr)
         return;
     engine_.pointer.forgetTree(*closing);
+    engine_.keyboard.forgetTree(*closing);
     screen->remove(closing.get());
     if (const auto* const overlay = dynamic_cast<const Overlay*>(closing.get()))
         removeGroup(*screen, overlay->group);

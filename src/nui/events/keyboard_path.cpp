@@ -8,6 +8,8 @@
 #include <SDL_events.h>
 #include <SDL_keyboard.h>
 
+#include <utility>
+
 namespace nui {
 
 ScreenPtr KeyboardPath::enabledScreen(std::uint32_t windowId)
@@ -103,6 +105,18 @@ void KeyboardPath::setFocus(const WidgetPtr& widget)
     }
     if (widget)
         focusTaken = true;
+}
+
+void KeyboardPath::forgetTree(Widget& root)
+{
+    Screen* const screen = root.screen();
+    if (screen == nullptr || !root.contains(screen->focusedWidget.get()))
+        return;
+    const WidgetPtr old = std::exchange(screen->focusedWidget, nullptr);
+    if (focusScreen.get() == screen)
+        SDL_StopTextInput();
+    KeyboardEvent lost(keyboard::FocusLost);
+    dispatch(*old, lost, Phase::AtTarget);
 }
 
 } // namespace nui

@@ -30,6 +30,9 @@ public:
     /// screen has the keyboard.
     void setFocus(const WidgetPtr& widget);
 
+    /// Takes the focus from a tree that is about to go from its screen.
+    void forgetTree(Widget& root);
+
     /// Whether a widget took the focus during the event that is being handled.
     bool focusTaken = false;
     /// The screen that has the keyboard, or null.

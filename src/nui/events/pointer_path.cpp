@@ -256,8 +256,12 @@ void PointerPath::forgetTree(const Widget& root)
 {
     if (root.contains(pressed_.get()))
         pressed_.reset();
-    if (root.contains(hover_.get()))
+    if (root.contains(hover_.get())) {
+        // It hears nothing of it, as those who listened may have gone already.
         hover_.reset();
+        if (engine_.linkCursor && SDL_GetCursor() == engine_.linkCursor.get())
+            SDL_SetCursor(SDL_GetDefaultCursor());
+    }
     if (root.contains(captured_.get()))
         setCaptured(nullptr);
 }

@@ -43,7 +43,8 @@ void armClickRule(Widget& widget)
 
 void armKeyboardRule(Widget& widget)
 {
-    subscribe(widget, keyboard::Down, onKeyDown, nullptr);
+    // In front of a form's, also when the widget is armed again after the form was built.
+    subscribeFirst(widget, keyboard::Down, onKeyDown, nullptr);
 }
 
 std::uint32_t raiseActivate(Widget& widget)

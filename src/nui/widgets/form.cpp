@@ -54,15 +54,16 @@ Form::~Form()
 
 void Form::renewAround(Widget& changed)
 {
+    // From the inside out, as they were built: an outer form takes over the items of inner ones.
     for (Widget* ancestor = &changed; ancestor != nullptr; ancestor = ancestor->parent) {
         auto* const container = dynamic_cast<Container*>(ancestor);
         if (container == nullptr || !container->form)
             continue;
-        const WidgetPtr defaultItem = container->form->defaultItem();
+        const WidgetPtr chosen = container->form->defaultItem();
         container->buildForm();
-        if (defaultItem)
-            container->form->setDefaultItem(defaultItem);
-        return;
+        // One that the program has chosen.
+        if (chosen && !container->form->defaultItem() && container->contains(chosen.get()))
+            container->form->setDefaultItem(chosen);
     }
 }
 

@@ -61,12 +61,13 @@ LinkTextButton::~LinkTextButton()
 void LinkTextButton::onEnter(WidgetEvent& event)
 {
     LinkTextButton& link = linkOf(event);
-    if (link.hovered_)
-        return;
+    SDL_Cursor* const hand = handCursor();
+    // The pointer comes a second time without having left after its window was closed meanwhile.
     link.hovered_ = true;
+    if (hand == nullptr || SDL_GetCursor() == hand)
+        return;
     link.cursorBefore_ = SDL_GetCursor();
-    if (SDL_Cursor* const hand = handCursor())
-        SDL_SetCursor(hand);
+    SDL_SetCursor(hand);
 }
 
 void LinkTextButton::onLeave(WidgetEvent& event)
@@ -87,7 +88,7 @@ void LinkTextButton::endHover()
 void LinkTextButton::drawContent()
 {
     TextButton::drawContent();
-    if (hovered_)
+    if (hovered_ && engine().pointer.hover().get() == this)
         drawUnderline();
 }
 

@@ -12,7 +12,6 @@ namespace nui {
 
 MoreButton::MoreButton()
 {
-    color = control_color::Ink;
     armClickRule(*this);
 }
 
@@ -31,7 +30,7 @@ void MoreButton::drawContent()
         Image::drawContent();
         return;
     }
-    setColor(color, drawAlpha);
+    setColor(control_color::Ink, drawAlpha);
     const float size = std::max(1.0F, std::floor(std::min(width, height) / 8));
     const float top = std::round(y + (height - size) / 2);
     const float middle = std::round(x + (width - size) / 2);

@@ -51,7 +51,8 @@ bool PagesContainer::show(const WidgetPtr& page)
         return false;
     if (current_) {
         current_->visibility = visibility::Collapsed;
-        releaseFocus(*current_);
+        // Keys must not go on into a page that cannot be seen.
+        engine().keyboard.forgetTree(*current_);
     }
     current_ = page;
     page->visibility = visibility::Visible;
@@ -62,14 +63,6 @@ bool PagesContainer::show(const WidgetPtr& page)
     if (Screen* const shown = screen())
         shown->markDirty();
     return true;
-}
-
-/// Keys must not go on into a page that cannot be seen.
-void PagesContainer::releaseFocus(const Widget& page)
-{
-    const Screen* const shown = screen();
-    if (shown != nullptr && page.contains(shown->focusedWidget.get()))
-        engine().setFocus(nullptr);
 }
 
 void PagesContainer::measure()

@@ -35,7 +35,6 @@ public:
 
 private:
     void adoptCurrent(const PagesContainer& other);
-    void releaseFocus(const Widget& page);
     [[nodiscard]] float roomAround(Axis axis, float length) const;
 
     WidgetPtr current_;

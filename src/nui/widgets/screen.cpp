@@ -350,6 +350,7 @@ void Screen::removeModalOverlay()
     if (!modalOverlay_)
         return;
     engine().pointer.forgetTree(*modalOverlay_);
+    engine().keyboard.forgetTree(*modalOverlay_);
     remove(modalOverlay_.get());
     modalOverlay_->removeAll();
     modalOverlay_.reset();

@@ -73,7 +73,7 @@ void ToggleButton::showState()
     if (shown == nullptr)
         return;
     Form::renewAround(*this);
-    if (shown->focusedWidget == old)
+    if (old && shown->focusedWidget == old)
         engine().setFocus(item_);
     shown->markDirty();
 }
