@@ -176,9 +176,9 @@ protected:
         toolkit.release();
     }
 
+    nui::test::EventLog log; // hears of what goes until the toolkit has ended
     nui::test::RunningToolkit toolkit;
     std::shared_ptr<nui::Screen> screen;
-    nui::test::EventLog log;
 };
 
 TEST_F(text_button_test, a_click_activates_it_and_goes_on_to_the_ancestors)

@@ -131,11 +131,11 @@ protected:
         return all.substr(0, all.find('\n'));
     }
 
+    nui::test::EventLog log; // hears of what goes until the toolkit has ended
     nui::test::RunningToolkit toolkit;
     FixedFont* font = nullptr;
     std::shared_ptr<nui::Screen> screen;
     nui::TextField* field = nullptr;
-    nui::test::EventLog log;
     bool unused = false; ///< the field has left the last key to others
 };
 

@@ -85,7 +85,7 @@ TextField::~TextField()
 
 bool TextField::read(NuiReader& reader)
 {
-    TextLabel::read(reader);
+    readLabelKeys(reader); // of a button's keys only those below
     reader.readEdges(padding, "padding");
     if (reader.readString(rules_.hintKey, "hint", true))
         reloadText();

@@ -56,6 +56,7 @@ bool TextField::openContextMenu(Point onWindow)
     prepareMenu(*menu);
     const std::vector<PopupMenuItemPtr> items = shownItems(*menu);
     std::vector<std::string> texts;
+    texts.reserve(items.size());
     for (const PopupMenuItemPtr& item : items)
         texts.push_back(item->text());
     contextMenu_ = std::make_shared<PopupList>();

@@ -59,6 +59,12 @@ std::int16_t fontSizeOf(const Size& read, std::int16_t current)
 
 bool TextLabel::read(NuiReader& reader)
 {
+    readLabelKeys(reader);
+    return true;
+}
+
+void TextLabel::readLabelKeys(NuiReader& reader)
+{
     Widget::read(reader);
     if (reader.readString(textKey_, "text", true))
         reloadText();
@@ -67,7 +73,6 @@ bool TextLabel::read(NuiReader& reader)
         fontSize = fontSizeOf(size, fontSize);
     readWord(reader, textAlignment, "textAlignment", AlignmentNames.data());
     readWord(reader, verticalTextAlignment, "verticalTextAlignment", VerticalAlignmentNames.data());
-    return true;
 }
 
 void TextLabel::reloadText()

@@ -33,6 +33,8 @@ public:
     VerticalTextAlignment verticalTextAlignment = VerticalTextAlignment::Middle;
 
 protected:
+    /// The keys of a label alone, for what extends one with keys of its own.
+    void readLabelKeys(NuiReader& reader);
     /// Null until the engine has chosen its fonts.
     [[nodiscard]] virtual Font* font() const;
     /// What is drawn.

@@ -300,11 +300,11 @@ public:
 private:
     void key(unsigned detail)
     {
-        constexpr std::array keys = {SDLK_LEFT, SDLK_RIGHT,     SDLK_HOME,   SDLK_END,
+        constexpr std::array Keys = {SDLK_LEFT, SDLK_RIGHT,     SDLK_HOME,   SDLK_END,
                                      SDLK_LEFT, SDLK_BACKSPACE, SDLK_DELETE, SDLK_RETURN};
         const bool shift = (detail & 8U) != 0;
         KeyboardEvent event(keyboard::Down);
-        event.key = keys[detail % keys.size()];
+        event.key = Keys[detail % Keys.size()];
         event.modifiers = shift ? KMOD_RSHIFT : KMOD_NONE;
         dispatch(*field_, event, Phase::AtTarget);
         model_.key(event.key, shift);
