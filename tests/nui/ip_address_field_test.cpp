@@ -49,6 +49,20 @@ TEST_F(ip_address_field_test, an_address_is_typed_as_it_is_written)
     EXPECT_EQ(field->address(), "192.168.0.179");
 }
 
+TEST_F(ip_address_field_test,
+       a_whole_address_may_come_in_one_event_and_the_field_hands_the_keyboard_on)
+{
+    openField();
+    focus("address");
+    EXPECT_EQ(focused(), "number0");
+    toolkit.type("10.20.30.40");
+    EXPECT_EQ(field->address(), "10.20.30.40");
+    moveTo(*field, -48); // a dot
+    toolkit.press();
+    toolkit.release();
+    EXPECT_TRUE(focused().starts_with("number"));
+}
+
 TEST_F(ip_address_field_test, no_number_is_above_255)
 {
     openField(", 'address': '1.2.3.4'");

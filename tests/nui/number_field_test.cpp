@@ -81,6 +81,14 @@ TEST_F(number_field_test, what_is_typed_counts_when_it_is_committed)
     EXPECT_EQ(text(), "7.00");
 }
 
+TEST_F(number_field_test, the_field_hands_the_keyboard_on_to_its_text)
+{
+    openField(", 'value': 3");
+    focus("number");
+    toolkit.key(SDLK_UP);
+    EXPECT_EQ(number->value(), 4);
+}
+
 TEST_F(number_field_test, what_is_no_number_is_taken_back)
 {
     openField(", 'value': 0.123, 'decimals': 1, 'unit': 'mm'");

@@ -319,8 +319,13 @@ void Breadcrumbs::onActivate(WidgetEvent& event)
     event.stop(stop_level::Swallow);
     if (index != None)
         self.pick(index);
-    else if (!std::exchange(self.pressClosed_, false))
+    else if (!std::exchange(self.pressClosed_, false)) {
         self.openHidden();
+        // Its keys go through a part.
+        const std::vector<WidgetPtr> parts = self.childrenNamed(PartName);
+        if (self.hidden_ < parts.size())
+            engine().setFocus(parts[self.hidden_]);
+    }
 }
 
 /// To the part beside one; from the first that is shown back to those that are hidden.

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <utility>
 
 namespace nui {
@@ -45,9 +46,9 @@ std::string clipboardText()
     return copied;
 }
 
-bool isSeparator(const std::string& typed)
+bool isSeparator(char typed)
 {
-    return typed == "." || typed == "," || typed == " ";
+    return typed == '.' || typed == ',' || typed == ' ';
 }
 
 std::shared_ptr<TextLabel> dot(Color color)
@@ -69,6 +70,8 @@ IpAddressField::IpAddressField()
     layoutKind = LayoutKind::Horizontal;
     subscribe(*this, text::Changed, onChanged, static_cast<Widget*>(this));
     subscribe(*this, text::Pasting, onPasting, static_cast<Widget*>(this));
+    subscribe(*this, keyboard::FocusGained, onFocus, static_cast<Widget*>(this));
+    subscribe(*this, touch::Press, onPress, static_cast<Widget*>(this));
 }
 
 bool IpAddressField::read(NuiReader& reader)
@@ -199,13 +202,61 @@ void IpAddressField::onKey(WidgetEvent& event)
 void IpAddressField::onTyped(WidgetEvent& event)
 {
     const IpAddressField* const self = ownerOf(event);
-    if (self == nullptr || !isSeparator(static_cast<const TextEvent&>(event).text))
+    const std::string& typed = static_cast<const TextEvent&>(event).text;
+    if (self == nullptr || std::none_of(typed.begin(), typed.end(), isSeparator))
         return;
-    const auto& field = static_cast<const TextField&>(*event.target);
-    // Right behind a number that was full, the dot only says what has happened already.
-    if (!field.getText().empty() && field.caret() == field.anchor())
-        self->advanceFrom(self->indexOf(&field));
     event.consume();
+    // Input methods give a whole address at once.
+    for (const char character : typed)
+        self->typeOne(character);
+}
+
+void IpAddressField::typeOne(char character) const
+{
+    std::size_t index = 0;
+    while (index < Numbers && !hasFocus(*number(index)))
+        ++index;
+    if (index == Numbers)
+        return;
+    TextField& field = *number(index);
+    if (!isSeparator(character))
+        field.insertText(std::string(1, character));
+    // Right behind a number that was full, the dot only says what has happened already.
+    else if (!field.getText().empty() && field.caret() == field.anchor())
+        advanceFrom(index);
+}
+
+/// The keyboard belongs to a number, never to the field around it.
+void IpAddressField::onFocus(WidgetEvent& event)
+{
+    static_cast<IpAddressField*>(static_cast<Widget*>(event.user))->focusNearest(0);
+}
+
+/// A dot gives the keyboard to the number beside it.
+void IpAddressField::onPress(WidgetEvent& event)
+{
+    const auto& self = *static_cast<IpAddressField*>(static_cast<Widget*>(event.user));
+    if (self.isChainEnabled() && self.indexOf(event.source) == Numbers)
+        self.focusNearest(static_cast<float>(static_cast<const TouchEvent&>(event).x));
+}
+
+/// `place` is on the window.
+void IpAddressField::focusNearest(float place) const
+{
+    const TextField* nearest = nullptr;
+    float best = 0;
+    for (std::size_t index = 0; index < Numbers; ++index) {
+        const TextField* const field = number(index);
+        if (field == nullptr)
+            continue;
+        const float distance = std::abs(field->x + field->width / 2 - place);
+        if (nearest == nullptr || distance < best) {
+            nearest = field;
+            best = distance;
+        }
+    }
+    if (nearest != nullptr)
+        focusNumber(indexOf(nearest), true);
 }
 
 void IpAddressField::onChanged(WidgetEvent& event)

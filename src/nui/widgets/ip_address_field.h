@@ -36,6 +36,10 @@ private:
     static void onTyped(WidgetEvent& event);
     static void onChanged(WidgetEvent& event);
     static void onPasting(WidgetEvent& event);
+    static void onFocus(WidgetEvent& event);
+    static void onPress(WidgetEvent& event);
+    void typeOne(char character) const;
+    void focusNearest(float place) const;
     [[nodiscard]] static bool split(const std::string& address, Texts& numbers);
     void ensureNumbers();
     [[nodiscard]] TextField* number(std::size_t index) const;

@@ -56,6 +56,13 @@ NumberField::NumberField()
     setControlColors(*this);
     layoutKind = LayoutKind::Horizontal;
     subscribe(*this, touch::Wheel, onWheel, static_cast<Widget*>(this));
+    subscribe(*this, keyboard::FocusGained, onFocus, static_cast<Widget*>(this));
+}
+
+/// The keyboard belongs to the text, never to the field around it.
+void NumberField::onFocus(WidgetEvent& event)
+{
+    static_cast<const NumberField*>(static_cast<Widget*>(event.user))->focusText();
 }
 
 bool NumberField::read(NuiReader& reader)

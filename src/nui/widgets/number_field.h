@@ -49,6 +49,7 @@ private:
     static void onKey(WidgetEvent& event);
     static void onFocusLost(WidgetEvent& event);
     static void onWheel(WidgetEvent& event);
+    static void onFocus(WidgetEvent& event);
     void ensureParts();
     [[nodiscard]] TextField* field() const;
     /// Answers whether it is another value.

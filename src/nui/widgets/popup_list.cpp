@@ -111,6 +111,14 @@ bool PopupList::handleKey(WidgetEvent& event)
     if (!isOpen())
         return false;
     const std::int32_t key = static_cast<const KeyboardEvent&>(event).key;
+    const std::uint16_t modifiers = static_cast<const KeyboardEvent&>(event).modifiers;
+    const bool closes =
+        key == SDLK_F4 || ((key == SDLK_UP || key == SDLK_DOWN) && (modifiers & KMOD_ALT) != 0);
+    if (closes) {
+        close();
+        event.consume();
+        return true;
+    }
     const std::int32_t current = list_->current();
     const std::int32_t next = list_->indexAfterKey(key, current);
     if (next != ListBox::None)

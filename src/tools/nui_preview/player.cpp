@@ -2,6 +2,7 @@
 
 #include "nui/engine/engine.h"
 #include "nui/widgets/screen.h"
+#include "tools/nui_preview/failure.h"
 #include "tools/nui_preview/frames.h"
 #include "tools/nui_preview/host_path.h"
 #include "tools/nui_preview/page_switch.h"
@@ -155,12 +156,20 @@ void player::run(const show_page& show)
 
 void player::run(const write_tree_file& write)
 {
-    write_file(write.file, tree_text(*screen()));
+    try {
+        write_file(write.file, tree_text(*screen()));
+    } catch (const failure& error) {
+        fail(error.what());
+    }
 }
 
 void player::run(const write_picture_file& write)
 {
-    write_picture(screen(), write.file);
+    try {
+        write_picture(screen(), write.file);
+    } catch (const failure& error) {
+        fail(error.what());
+    }
 }
 
 void player::run(const quit_playing& /*quit*/)

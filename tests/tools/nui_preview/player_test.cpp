@@ -123,6 +123,8 @@ TEST_F(player_test, what_cannot_be_played_is_told_with_its_line)
     EXPECT_EQ(played("click left\nfocus nobody"), "line 2: There is no widget \"nobody\".");
     EXPECT_EQ(played("click two"), "line 1: The widget \"two\" is not on the screen.");
     EXPECT_EQ(played("show nobody"), "line 1: There is no page \"nobody\".");
+    EXPECT_EQ(played("move 1 1\ntree /no such folder/tree.json"),
+              "line 2: The file /no such folder/tree.json cannot be written.");
 }
 
 TEST_F(player_test, quit_ends_the_script_and_what_was_written_before_stays)
