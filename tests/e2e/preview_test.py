@@ -116,6 +116,30 @@ class Preview(unittest.TestCase):
         self.assertEqual([widget["name"] for widget in widgets(tree) if widget["focused"]],
                          ["second_button"])
 
+    def test_a_script_types_and_clicks_through_a_form(self):
+        field = '"class": "TextField", "height": 24, "fontSize": 14'
+        layout = self.write("form.json", f"""{{"widgets": [{{
+            "id": "s", "class": "Screen", "windowWidth": 300, "windowHeight": 120, "form": true,
+            "layout": "Vertical", "children": [
+                {{{field}, "name": "first", "text": "abc"}},
+                {{{field}, "name": "second", "maxLength": 5}},
+                {{{field}, "name": "secret", "inputType": "Password"}},
+                {{"class": "DropDown", "name": "choice", "height": 24,
+                 "items": ["one", "two", "three"]}}]}}]}}""")
+        script = self.write("script.txt", "\n".join([
+            "click first", "type Gr\u00f6\u00dfe", "key Left shift", "key X ctrl", "key Tab",
+            "key V ctrl", "type 123456", "key Home", "key Right shift", "key Tab", "type \u00e4b",
+            "focus choice", "key Down", "key Down"]))
+        tree, _ = self.show(layout, "--play", script)
+        said = {widget["name"]: tuple(widget.get(key) for key in
+                                      ("text", "caret", "anchor", "focused"))
+                for widget in widgets(tree)}
+        self.assertEqual(said["first"], ("Gr\u00f6\u00df", 4, 4, False))
+        self.assertEqual(said["second"], ("e1234", 1, 0, False))
+        self.assertEqual(said["secret"], ("\u00e4b", 2, 2, False))
+        self.assertEqual([(widget["value"], widget["focused"]) for widget in widgets(tree)
+                          if widget["name"] == "choice"], [("two", True)])
+
     def test_the_wheel_scrolls_what_can_be_scrolled(self):
         script = self.write("script.txt", "move 60 60\nwheel -2\n")
         before, _ = self.show(SAMPLES / "scrolling.json")
