@@ -25,6 +25,8 @@ TEST_F(layout_fault_test, a_file_that_cannot_be_read_is_named_with_the_place_of_
     EXPECT_EQ(folder.faultsOf("."), ".: the file cannot be opened\n");
     EXPECT_EQ(faults("{\n  'widgets': [\n    {'\xC3\xA4': 1,}\n  ]\n}"),
               "main.json:3:13: this is no JSON: Missing a name for object member.\n");
+    EXPECT_EQ(faults("\xEF\xBB\xBF{}"),
+              "main.json:1:1: this is no JSON: The file begins with a byte order mark.\n");
     EXPECT_EQ(faults("{}\n x"), "main.json:2:2: this is no JSON: The document root must not be "
                                 "followed by other values.\n");
     EXPECT_EQ(faults("\n []"), "main.json:2:2: a layout file is one JSON object\n");

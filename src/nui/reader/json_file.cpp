@@ -69,12 +69,15 @@ JsonFile::JsonFile(const std::string& path)
     if (stream.Peek() == '\0' && *SDL_GetError() != '\0')
         return;
     opened_ = true;
+    beginsWithMark_ = stream.Peek() == '\xEF';
     // Not recursive: no depth of a file's nesting can exhaust the stack.
     document_.ParseStream<rapidjson::kParseIterativeFlag>(stream);
 }
 
 const char* JsonFile::errorText() const
 {
+    if (beginsWithMark_ && errorOffset() == 0)
+        return "The file begins with a byte order mark.";
     return rapidjson::GetParseError_En(document_.GetParseError());
 }
 

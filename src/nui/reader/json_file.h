@@ -27,6 +27,7 @@ private:
     static constexpr std::size_t PoolBlock = 65536;
 
     bool opened_ = false;
+    bool beginsWithMark_ = false; ///< of UTF-8, which editors add and JSON does not have
     rapidjson::MemoryPoolAllocator<> pool_{PoolBlock};
     rapidjson::Document document_{&pool_};
 };
