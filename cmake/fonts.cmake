@@ -1,13 +1,13 @@
 # The fonts that the program falls back to, from Debian's packages: VS5_FONTS is a folder with the
-# files under the names that the program knows, and their licences. Test programs find them beside
-# themselves.
+# files under the names that the program knows, and their licences. Test programs and fuzzers find
+# them beside themselves.
 
 set(VS5_FONTS ${PROJECT_BINARY_DIR}/fonts)
 
 function(provide_font name file package)
-    foreach(folder IN ITEMS ${VS5_FONTS} ${PROJECT_BINARY_DIR}/tests/fonts)
-        configure_file(/usr/share/fonts/truetype/${file} "${folder}/${name}.ttf" COPYONLY)
-        configure_file(/usr/share/doc/${package}/copyright "${folder}/${name} licence.txt" COPYONLY)
+    foreach(folder IN ITEMS fonts tests/fonts fuzzers/fonts)
+        configure_file(/usr/share/fonts/truetype/${file} "${PROJECT_BINARY_DIR}/${folder}/${name}.ttf" COPYONLY)
+        configure_file(/usr/share/doc/${package}/copyright "${PROJECT_BINARY_DIR}/${folder}/${name} licence.txt" COPYONLY)
     endforeach()
 endfunction()
 

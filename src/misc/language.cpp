@@ -4,6 +4,7 @@
 #include "misc/system_info.h"
 
 #include <array>
+#include <optional>
 
 namespace nrd::misc {
 
@@ -80,8 +81,8 @@ std::string language_code(language value)
 
 std::string get_language()
 {
-    if (lang_override()) {
-        return *lang_override();
+    if (const std::optional<std::string>& chosen = lang_override()) {
+        return *chosen;
     }
     static const std::string asked = user_language();
     return asked;

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -21,9 +22,9 @@ nui::SystemFonts windowsFonts(const std::string& nativeFace)
     return {"F/", {own, japanese, print}, isThere};
 }
 
-class choose_fonts : public testing::Test {
+class choose_fonts_test : public testing::Test {
 protected:
-    choose_fonts() { fonts.fontsDir = "R/fonts"; }
+    choose_fonts_test() { fonts.fontsDir = "R/fonts"; }
 
     /// What it told; "true" or "false" in the last line.
     std::string change(const char* selected, bool detect)
@@ -32,9 +33,20 @@ protected:
         const nui::SystemFonts system = windowsFonts(nativeFace());
         const bool changed =
             nui::changeLanguageAndFont(fonts, lang, selected, detect,
-                                       {.systemFonts = hasNativeFont ? system : none_,
-                                        .deviceLanguage = deviceLanguage,
-                                        .keyboardLanguage = keyboard},
+                                       {.systemFonts = [&]() -> const nui::SystemFonts& {
+                                            asked_ += "fonts ";
+                                            return hasNativeFont ? system : none_;
+                                        },
+                                        .deviceLanguage =
+                                            [this] {
+                                                asked_ += "device ";
+                                                return deviceLanguage;
+                                            },
+                                        .keyboardLanguage =
+                                            [this] {
+                                                asked_ += "keyboard ";
+                                                return keyboard;
+                                            }},
                                        [this](const std::string& line) { log_ += line + "\n"; });
         return log_ + (changed ? "true" : "false");
     }
@@ -51,7 +63,10 @@ protected:
         static const std::string face = [] {
             nui::Fonts probe;
             nui::Lang table("");
-            nui::changeLanguageAndFont(probe, table, "en", false, {windowsFonts("x"), "en", ""},
+            const nui::SystemFonts system = windowsFonts("x");
+            nui::changeLanguageAndFont(probe, table, "en", false,
+                                       {[&]() -> const nui::SystemFonts& { return system; },
+                                        [] { return "en"; }, [] { return ""; }},
                                        [](const std::string&) {});
             return probe.defaultFont->getFaceName();
         }();
@@ -64,12 +79,29 @@ protected:
     std::string keyboard = "ENU";
     bool hasNativeFont = true;
 
+    /// What was asked of the system since the last call.
+    std::string asked() { return std::exchange(asked_, {}); }
+
 private:
+    std::string asked_;
     nui::SystemFonts none_{"F/", {}, isThere};
     std::string log_;
 };
 
-TEST_F(choose_fonts, the_first_call_makes_the_fonts_and_tells_each_step)
+TEST_F(choose_fonts_test, the_system_is_asked_only_for_what_is_needed)
+{
+    (void)change("en", false);
+    EXPECT_EQ(asked(), "device fonts fonts ");
+    (void)change("en", false);
+    (void)change(nullptr, false);
+    EXPECT_EQ(asked(), "");
+    (void)change("en", true);
+    EXPECT_EQ(asked(), "keyboard device fonts fonts ");
+    (void)change("en", true);
+    EXPECT_EQ(asked(), "keyboard ");
+}
+
+TEST_F(choose_fonts_test, the_first_call_makes_the_fonts_and_tells_each_step)
 {
     const std::string& face = nativeFace();
     EXPECT_EQ(
@@ -110,7 +142,7 @@ TEST_F(choose_fonts, the_first_call_makes_the_fonts_and_tells_each_step)
     EXPECT_EQ(lang.languageCode, "en");
 }
 
-TEST_F(choose_fonts, without_a_language_and_a_keyboard_nothing_happens)
+TEST_F(choose_fonts_test, without_a_language_and_a_keyboard_nothing_happens)
 {
     const char* const nothing = "leaving changeLanguageAndFont; no input lang provided and not "
                                 "detecting lang\nfalse";
@@ -123,7 +155,7 @@ TEST_F(choose_fonts, without_a_language_and_a_keyboard_nothing_happens)
     EXPECT_EQ(fonts.defaultFont, nullptr);
 }
 
-TEST_F(choose_fonts, what_is_in_force_already_is_left_unchanged)
+TEST_F(choose_fonts_test, what_is_in_force_already_is_left_unchanged)
 {
     change("en", true);
     EXPECT_EQ(change("en", true), "entering changeLanguageAndFont\n"
@@ -141,7 +173,7 @@ TEST_F(choose_fonts, what_is_in_force_already_is_left_unchanged)
                                      "false");
 }
 
-TEST_F(choose_fonts, another_keyboard_changes_the_edit_font_and_not_the_language)
+TEST_F(choose_fonts_test, another_keyboard_changes_the_edit_font_and_not_the_language)
 {
     change("en", false);
     keyboard = "JPN";
@@ -162,7 +194,7 @@ TEST_F(choose_fonts, another_keyboard_changes_the_edit_font_and_not_the_language
     EXPECT_EQ(fonts.defaultPrintFont, "Yu Gothic UI");
 }
 
-TEST_F(choose_fonts, a_keyboard_that_is_not_known_any_more_leaves_the_language_to_choose)
+TEST_F(choose_fonts_test, a_keyboard_that_is_not_known_any_more_leaves_the_language_to_choose)
 {
     change("en", true);
     keyboard.clear();
@@ -176,7 +208,7 @@ TEST_F(choose_fonts, a_keyboard_that_is_not_known_any_more_leaves_the_language_t
         << told;
 }
 
-TEST_F(choose_fonts, a_chinese_language_is_no_keyboard_and_gets_the_general_font)
+TEST_F(choose_fonts_test, a_chinese_language_is_no_keyboard_and_gets_the_general_font)
 {
     change("zh-Hans", false);
     EXPECT_EQ(ending(), "default font path identified as: F/native.ttf\n"
@@ -187,7 +219,7 @@ TEST_F(choose_fonts, a_chinese_language_is_no_keyboard_and_gets_the_general_font
     EXPECT_EQ(lang.languageCode, "zh");
 }
 
-TEST_F(choose_fonts, korean_on_a_korean_system_falls_back_all_the_same)
+TEST_F(choose_fonts_test, korean_on_a_korean_system_falls_back_all_the_same)
 {
     deviceLanguage = "ko";
     change("ko", false);
@@ -198,7 +230,7 @@ TEST_F(choose_fonts, korean_on_a_korean_system_falls_back_all_the_same)
                         "leaving changeLanguageFont\n");
 }
 
-TEST_F(choose_fonts, korean_on_another_system_keeps_a_font_that_was_made_for_it)
+TEST_F(choose_fonts_test, korean_on_another_system_keeps_a_font_that_was_made_for_it)
 {
     change("ko", false);
     // malgun.ttf is in the folder, though not in the list.
@@ -207,7 +239,7 @@ TEST_F(choose_fonts, korean_on_another_system_keeps_a_font_that_was_made_for_it)
                         "leaving changeLanguageFont\n");
 }
 
-TEST_F(choose_fonts, without_any_font_the_files_beside_the_layouts_are_taken)
+TEST_F(choose_fonts_test, without_any_font_the_files_beside_the_layouts_are_taken)
 {
     hasNativeFont = false;
     fonts.fontsDir = "R\\fonts\\";
@@ -219,10 +251,9 @@ TEST_F(choose_fonts, without_any_font_the_files_beside_the_layouts_are_taken)
                         "leaving changeLanguageFont\n");
 }
 
-TEST_F(choose_fonts, a_log_that_cannot_be_called_is_an_error_of_the_caller)
+TEST_F(choose_fonts_test, a_log_that_cannot_be_called_is_an_error_of_the_caller)
 {
-    EXPECT_THROW(nui::changeLanguageAndFont(fonts, lang, "en", false, {windowsFonts("x"), "en", ""},
-                                            nui::TextLog()),
+    EXPECT_THROW(nui::changeLanguageAndFont(fonts, lang, "en", false, {}, nui::TextLog()),
                  std::bad_function_call);
 }
 

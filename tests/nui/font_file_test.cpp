@@ -40,27 +40,27 @@ std::string fontFile(const Tables& tables, std::size_t place)
     return directory + content;
 }
 
-const Tables FirstFace = {{"cmap", "abcd"}, {"glyf", "xyz"}};
-const Tables SecondFace = {{"head", "12345"}, {"cmap", "q"}};
+const Tables firstFace = {{"cmap", "abcd"}, {"glyf", "xyz"}};
+const Tables secondFace = {{"head", "12345"}, {"cmap", "q"}};
 
 std::string collection()
 {
     constexpr std::size_t Header = 20;
-    const std::string first = fontFile(FirstFace, Header);
+    const std::string first = fontFile(firstFace, Header);
     std::string bytes = "ttcf";
     addNumber(bytes, 0x00010000, 4);
     addNumber(bytes, 2, 4);
     addNumber(bytes, Header, 4);
     addNumber(bytes, Header + first.size(), 4);
-    return bytes + first + fontFile(SecondFace, Header + first.size());
+    return bytes + first + fontFile(secondFace, Header + first.size());
 }
 
 TEST(font_file, a_face_of_a_collection_is_a_file_of_its_own)
 {
-    EXPECT_EQ(nui::faceOfCollection(collection(), 0), fontFile(FirstFace, 0));
-    EXPECT_EQ(nui::faceOfCollection(collection(), 1), fontFile(SecondFace, 0));
+    EXPECT_EQ(nui::faceOfCollection(collection(), 0), fontFile(firstFace, 0));
+    EXPECT_EQ(nui::faceOfCollection(collection(), 1), fontFile(secondFace, 0));
     EXPECT_EQ(nui::faceOfCollection(collection(), 2), "");
-    EXPECT_EQ(nui::faceOfCollection(fontFile(FirstFace, 0), 0), "");
+    EXPECT_EQ(nui::faceOfCollection(fontFile(firstFace, 0), 0), "");
 }
 
 TEST(font_file, a_damaged_collection_has_no_faces)
@@ -81,7 +81,7 @@ TEST(font_file, a_path_may_name_a_face)
     const std::string path = nui::test::hostPath(folder / "two.ttc");
     EXPECT_EQ(nui::fontFileContent(path), collection());
     EXPECT_EQ(nui::fontFileContent(path + "?0"), collection());
-    EXPECT_EQ(nui::fontFileContent(path + "?1"), fontFile(SecondFace, 0));
+    EXPECT_EQ(nui::fontFileContent(path + "?1"), fontFile(secondFace, 0));
     EXPECT_EQ(nui::fontFileContent(path + "?2"), "");
     EXPECT_EQ(nui::fontFileContent(path + "?one"), "");
     EXPECT_EQ(nui::fontFileContent(path + "?99999999999999999999"), "");

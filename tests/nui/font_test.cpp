@@ -22,7 +22,7 @@ struct FontKind {
 };
 
 /// What holds for both kinds of font, whatever their faces look like.
-class any_font : public testing::TestWithParam<FontKind> {
+class any_font_test : public testing::TestWithParam<FontKind> {
 protected:
     [[nodiscard]] TextSize measured(std::string_view text, float width = Wide,
                                     std::int32_t maxLines = 0, bool wrap = true) const
@@ -36,13 +36,13 @@ protected:
 };
 
 INSTANTIATE_TEST_SUITE_P(
-    fonts, any_font,
+    fonts, any_font_test,
     testing::Values(FontKind{"of_the_system", [] { return std::make_unique<WinFont>(""); }},
                     FontKind{"from_a_file",
                              [] { return std::make_unique<FtglFont>(test::latinFontFile()); }}),
     [](const auto& kind) { return kind.param.name; });
 
-TEST_P(any_font, wider_letters_and_larger_sizes_take_more_room)
+TEST_P(any_font_test, wider_letters_and_larger_sizes_take_more_room)
 {
     EXPECT_GT(measured("ii").width, 0);
     EXPECT_LT(measured("ii").width, measured("WW").width);
@@ -53,7 +53,7 @@ TEST_P(any_font, wider_letters_and_larger_sizes_take_more_room)
     EXPECT_GT(font->getTextWidth("WW", 14), font->getTextWidth("ii", 14));
 }
 
-TEST_P(any_font, lines_end_at_line_feeds_and_at_the_width)
+TEST_P(any_font_test, lines_end_at_line_feeds_and_at_the_width)
 {
     EXPECT_GE(lines(1), 14);
     EXPECT_EQ(lines(3), 3 * lines(1));
@@ -72,7 +72,7 @@ TEST_P(any_font, lines_end_at_line_feeds_and_at_the_width)
     EXPECT_EQ(measured("one\ntwo", 5, 0, false).height, lines(2));
 }
 
-TEST_P(any_font, a_box_as_wide_as_the_text_needs_no_more_lines)
+TEST_P(any_font_test, a_box_as_wide_as_the_text_needs_no_more_lines)
 {
     for (const char* const text :
          {"f", "Install", "A sentence, of some words.", "i l i l j", "Съешь ещё"}) {
@@ -81,7 +81,7 @@ TEST_P(any_font, a_box_as_wide_as_the_text_needs_no_more_lines)
     }
 }
 
-TEST_P(any_font, more_lines_than_allowed_are_cut)
+TEST_P(any_font_test, more_lines_than_allowed_are_cut)
 {
     const std::string text = "one two three four five six seven eight";
     const float width = measured("one two thr").width;
@@ -92,7 +92,7 @@ TEST_P(any_font, more_lines_than_allowed_are_cut)
     EXPECT_EQ(measured("a\nb\nc\nd", Wide, 2).height, lines(2));
 }
 
-TEST_P(any_font, without_a_width_there_is_no_layout)
+TEST_P(any_font_test, without_a_width_there_is_no_layout)
 {
     EXPECT_FALSE(measured("text", 0).isValid());
     EXPECT_FALSE(measured("text", -5).isValid());
@@ -100,7 +100,7 @@ TEST_P(any_font, without_a_width_there_is_no_layout)
     EXPECT_TRUE(measured("", 10).isValid());
 }
 
-TEST_P(any_font, what_is_no_character_takes_room_and_does_no_harm)
+TEST_P(any_font_test, what_is_no_character_takes_room_and_does_no_harm)
 {
     const std::string control("\0\x01\t\r\x7F", 5);
     for (const std::string& text :
@@ -116,7 +116,7 @@ TEST_P(any_font, what_is_no_character_takes_room_and_does_no_harm)
     EXPECT_GT(measured(std::string(100000, 'x'), 500).height, lines(100));
 }
 
-TEST_P(any_font, a_negative_size_is_the_same_size_whatever_the_offset)
+TEST_P(any_font_test, a_negative_size_is_the_same_size_whatever_the_offset)
 {
     const TextSize positive = font->measureText({.text = "Size", .size = 14, .width = Wide});
     const TextSize negative = font->measureText({.text = "Size", .size = -14, .width = Wide});
@@ -174,6 +174,18 @@ TEST(ftgl_font, other_files_stand_in_for_what_its_own_lacks)
     EXPECT_EQ(latin.getTextWidth(korean, 20), replaced);
 }
 
+TEST(ftgl_font, a_box_that_is_narrower_than_its_characters_still_has_a_nearest_one)
+{
+    FtglFont font(test::latinFontFile());
+    const std::string text = "\u03C9 narrow \n WWW";
+    for (const std::int32_t maxLines : {0, 1, 2}) {
+        const TextLayout layout{
+            .text = text, .size = 14, .width = 2, .height = 50, .maxLines = maxLines};
+        for (float y = -20; y < 400; y += 7)
+            EXPECT_GE(font.indexAtPoint(layout, {1, y}), 0) << maxLines << " " << y;
+    }
+}
+
 TEST(ftgl_font, it_is_wider_than_its_text_by_a_fifth_of_its_size)
 {
     FtglFont font(test::latinFontFile());
@@ -198,6 +210,17 @@ TEST(ftgl_font, a_place_on_a_line_belongs_to_the_nearest_character)
         last = index;
     }
     EXPECT_EQ(last, 6);
+}
+
+TEST(ftgl_font, the_caret_stands_where_its_character_is_found)
+{
+    FtglFont font(test::latinFontFile());
+    const std::string text = "W\xC3\xBC\ni  ";
+    EXPECT_EQ(font.xAtIndex(text, 20, 0), 0);
+    for (std::int32_t index = 0; index <= 6; ++index)
+        EXPECT_EQ(font.indexAtX(text, 20, font.xAtIndex(text, 20, index)), index);
+    EXPECT_EQ(font.xAtIndex(text, 20, 7), font.xAtIndex(text, 20, 6));
+    EXPECT_EQ(font.xAtIndex("", 20, 1), 0);
 }
 
 } // namespace

@@ -118,12 +118,12 @@ TEST_F(lang_test, the_systems_language_is_known_by_the_low_bits_of_its_number)
     constexpr struct {
         std::uint16_t id;
         const char* code;
-    } cases[] = {
+    } Cases[] = {
         {0x0409, "en"}, {0x0809, "en"}, {0x0416, "pt"}, {0x0C0A, "es"}, {0x040C, "fr"},
         {0x0407, "de"}, {0x0412, "ko"}, {0x0411, "jp"}, {0x0410, "en"}, {0x0419, "en"},
         {0x0804, "en"}, {0x1400, "en"}, {0, "en"},
     };
-    for (const auto& each : cases)
+    for (const auto& each : Cases)
         EXPECT_EQ(nui::Lang::deviceLanguageOf(each.id), each.code) << each.id;
 }
 

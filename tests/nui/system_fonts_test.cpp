@@ -109,9 +109,12 @@ TEST(system_fonts, paper_gets_the_family_that_is_nearest_to_the_screens)
     EXPECT_EQ(none, "");
 }
 
-class language_font : public testing::Test {
+class language_font_test : public testing::Test {
 protected:
-    language_font() { files() = {"F/segoeui.ttf", "F/malgun.ttf", "F/YuGothM.ttc", "F/arial.ttf"}; }
+    language_font_test()
+    {
+        files() = {"F/segoeui.ttf", "F/malgun.ttf", "F/YuGothM.ttc", "F/arial.ttf"};
+    }
 
     SystemFonts fonts{"F/",
                       {font("Segoe UI", "segoeui.ttf"), font("Malgun Gothic", "malgun.ttf"),
@@ -119,7 +122,7 @@ protected:
                       isThere};
 };
 
-TEST_F(language_font, the_systems_own_face_does_for_the_systems_language)
+TEST_F(language_font_test, the_systems_own_face_does_for_the_systems_language)
 {
     const Search english(fonts, "en", "Segoe UI", false);
     EXPECT_EQ(english.path, "F/segoeui.ttf");
@@ -138,7 +141,7 @@ TEST_F(language_font, the_systems_own_face_does_for_the_systems_language)
                           "strutil::stringStartsWith(lang, systemFonts[k]): true\n");
 }
 
-TEST_F(language_font, another_language_gets_the_face_that_is_made_for_it)
+TEST_F(language_font_test, another_language_gets_the_face_that_is_made_for_it)
 {
     const Search found(fonts, "ko", "Segoe UI", true);
     EXPECT_EQ(found.path, "F/malgun.ttf");
@@ -154,7 +157,7 @@ TEST_F(language_font, another_language_gets_the_face_that_is_made_for_it)
                          "path2: F/malgun.ttf\n");
 }
 
-TEST_F(language_font, a_face_that_the_list_lacks_is_looked_for_by_its_file)
+TEST_F(language_font_test, a_face_that_the_list_lacks_is_looked_for_by_its_file)
 {
     const Search found(fonts, "jpn", "Segoe UI", true);
     EXPECT_EQ(found.path, "F/YuGothM.ttc?1");
@@ -170,7 +173,7 @@ TEST_F(language_font, a_face_that_the_list_lacks_is_looked_for_by_its_file)
                          "path2: F/YuGothM.ttc?1\n");
 }
 
-TEST_F(language_font, without_a_face_for_it_the_systems_own_must_do)
+TEST_F(language_font_test, without_a_face_for_it_the_systems_own_must_do)
 {
     for (const char* const lang : {"chs", "ru", "zh-Hans"}) {
         const Search found(fonts, lang, "Segoe UI", true);
@@ -187,7 +190,7 @@ TEST_F(language_font, without_a_face_for_it_the_systems_own_must_do)
     EXPECT_TRUE(nothing.log.starts_with("i value: 0\n")) << nothing.log;
 }
 
-TEST_F(language_font, the_systems_own_face_is_recognised_in_the_table)
+TEST_F(language_font_test, the_systems_own_face_is_recognised_in_the_table)
 {
     // Its file is known: it is taken as it is.
     const Search known(fonts, "ko", "Malgun Gothic UI", true);

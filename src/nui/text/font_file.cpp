@@ -65,8 +65,9 @@ std::string faceOfCollection(const std::string& collection, std::size_t index)
         return {};
     const std::optional<std::size_t> directory =
         bytes.number(CollectionHeader + index * OffsetSize, OffsetSize);
-    const std::optional<std::size_t> tables =
-        directory ? bytes.number(*directory + CountOfTables, 2) : std::nullopt;
+    if (!directory)
+        return {};
+    const std::optional<std::size_t> tables = bytes.number(*directory + CountOfTables, 2);
     if (!tables)
         return {};
 
@@ -76,8 +77,10 @@ std::string faceOfCollection(const std::string& collection, std::size_t index)
         return {};
     for (std::size_t table = 0; table < *tables; ++table) {
         const std::size_t record = DirectoryHeader + table * TableRecord;
-        const std::size_t offset = *FontBytes(face).number(record + TableOffset, OffsetSize);
-        const std::size_t length = *FontBytes(face).number(record + TableLength, OffsetSize);
+        const std::size_t offset =
+            FontBytes(face).number(record + TableOffset, OffsetSize).value_or(face.npos);
+        const std::size_t length =
+            FontBytes(face).number(record + TableLength, OffsetSize).value_or(face.npos);
         const std::string_view content = bytes.piece(offset, length);
         // Tables that overlap would make a small file a huge face.
         if (content.size() != length || face.size() + length > collection.size() + headSize)

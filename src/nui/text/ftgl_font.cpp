@@ -46,7 +46,7 @@ TextLines cutLines(FtglFace& face, std::u32string_view text, const TextLines& wh
                    std::int32_t maxLines, float width)
 {
     const TextLines::Line& last = whole.lines[static_cast<std::size_t>(maxLines) - 1];
-    TextLines lines;
+    TextLines lines = whole;
     // At blanks if there are any, else anywhere: not all languages have blanks.
     for (const bool anywhere : {false, true}) {
         for (std::int32_t end = last.last; end > 0; --end) {
@@ -200,6 +200,15 @@ std::int32_t FtglFont::indexAtX(const std::string& text, std::int16_t size, floa
         return 0;
     const bool nextIsNearer = next != places.end() && next->x - x <= x - next[-1].x;
     return static_cast<std::int32_t>(next - places.begin()) - (nextIsNearer ? 0 : 1);
+}
+
+float FtglFont::xAtIndex(const std::string& text, std::int16_t size, std::int32_t index)
+{
+    FtglFace* const face = faceFor(size);
+    if (face == nullptr)
+        return 0;
+    const TextLines& line = lineOf(*face, text);
+    return line.characters[static_cast<std::size_t>(std::clamp(index, 0, line.length()))].x;
 }
 
 std::int32_t FtglFont::indexAtPoint(const TextLayout& layout, Point point)

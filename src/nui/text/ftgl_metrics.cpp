@@ -19,6 +19,8 @@ public:
 
 constexpr char32_t LastOfOneUnit = 0xFFFF;
 constexpr wchar_t SomeCharacter = L'\xFFFD';
+/// The library may look at what follows a text's end.
+constexpr std::size_t BeyondEnd = 4;
 
 } // namespace
 
@@ -59,7 +61,7 @@ void FtglMetrics::setText(std::u32string_view text, const GlyphChoice& choice)
         glyphs_.push_back(chosen.metrics);
         record_.characters[index].file = chosen.file;
     }
-    wide_.resize(text.size());
+    wide_.assign(text.size() + BeyondEnd, L'\0');
     std::ranges::transform(text, wide_.begin(), [](char32_t character) {
         return character <= LastOfOneUnit ? static_cast<wchar_t>(character) : SomeCharacter;
     });
@@ -97,8 +99,8 @@ FTPoint FtglMetrics::Render(const wchar_t* text, int /*length*/, FTPoint positio
                             FTPoint /*spacing*/, int /*renderMode*/)
 {
     const std::size_t index = indexOf(text);
-    // The library may step over a line feed at the start of a text.
-    if (*text == L'\n')
+    // The library may step over a line feed at the start of a text, and over the end.
+    if (index >= glyphs_.size() || *text == L'\n')
         return position;
     TextLines::Character& character = record_.characters[index];
     character.x = position.Xf();
@@ -129,7 +131,7 @@ void FtglMetrics::completeRecord()
 {
     record_.lines.resize(static_cast<std::size_t>(lineBreaks_) + 1);
     TextLines::Character next;
-    for (std::size_t index = 0; index < wide_.size(); ++index) {
+    for (std::size_t index = 0; index < glyphs_.size(); ++index) {
         TextLines::Character& character = record_.characters[index];
         if (!character.drawn)
             character = next;
@@ -143,7 +145,7 @@ void FtglMetrics::completeRecord()
                     .line = character.line};
     }
     next.line = std::min(next.line, lineBreaks_);
-    record_.characters[wide_.size()] = next;
+    record_.characters.back() = next;
     finishLines();
 }
 
@@ -152,7 +154,7 @@ void FtglMetrics::countIn(std::size_t index)
 {
     const TextLines::Character& character = record_.characters[index];
     TextLines::Line& line = record_.lines[static_cast<std::size_t>(character.line)];
-    if (line.last < line.first)
+    if (line.isEmpty())
         line.first = static_cast<std::int32_t>(index);
     line.last = static_cast<std::int32_t>(index);
     line.end = character.x;
@@ -172,8 +174,10 @@ void FtglMetrics::finishLines()
 {
     TextLines::Line box;
     for (TextLines::Line& line : record_.lines) {
-        if (line.last < line.first)
-            line.first = &line == &record_.lines.back() ? record_.length() : -1;
+        if (line.isEmpty() && &line == &record_.lines.back()) {
+            line.first = record_.length();
+            line.last = line.first - 1;
+        }
         if (!line.hasBox)
             continue;
         box.left = box.hasBox ? std::min(box.left, line.left) : line.left;

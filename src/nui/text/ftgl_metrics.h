@@ -25,8 +25,8 @@ public:
 
     /// False for a file that is no font: then nothing else may be called.
     [[nodiscard]] bool isValid() const { return Error() == 0; }
-    [[nodiscard]] float ascender() const { return Ascender(); }
-    [[nodiscard]] float descender() const { return -Descender(); }
+    [[nodiscard]] float heightAboveBase() const { return Ascender(); }
+    [[nodiscard]] float depthBelowBase() const { return -Descender(); }
 
     /// Which of a font's files has a character, and its measures.
     struct Glyphs {
@@ -59,7 +59,7 @@ private:
     [[nodiscard]] FTBBox boxAt(std::size_t index);
     [[nodiscard]] float advanceAt(std::size_t index);
 
-    std::wstring wide_;                ///< of the text being laid out: one unit a character
+    std::wstring wide_;                ///< the text being laid out, one unit a character
     std::vector<FtglMetrics*> glyphs_; ///< of each of its characters
     TextLines record_;
     mutable std::int32_t lineBreaks_ = 0;

@@ -43,7 +43,7 @@ void fill(float x, float y, float width, float height, Color color)
 
 PlacedText::PlacedText(FtglFace& face, const TextLines& lines, const TextLayout& layout)
     : face_(face), lines_(lines), layout_(layout), lineHeight_(face.lineHeight()),
-      ascender_(face.metrics().ascender())
+      ascender_(face.metrics().heightAboveBase())
 {
     const float free = layout.height - lineHeight_ * static_cast<float>(lines.lines.size());
     if (layout.verticalAlignment == VerticalTextAlignment::Middle)
@@ -72,7 +72,7 @@ float PlacedText::topOf(std::int32_t line) const
 
 float PlacedText::boxHeight() const
 {
-    return std::round(ascender_ + face_.metrics().descender());
+    return std::round(ascender_ + face_.metrics().depthBelowBase());
 }
 
 float PlacedText::xOf(std::int32_t index) const
@@ -85,10 +85,12 @@ std::int32_t PlacedText::indexAt(Point point) const
 {
     const auto lastLine = static_cast<std::int32_t>(lines_.lines.size()) - 1;
     const float row = std::floor((point.y - top_) / lineHeight_);
-    const auto number =
-        static_cast<std::int32_t>(std::clamp(row, 0.0F, static_cast<float>(lastLine)));
+    auto number = static_cast<std::int32_t>(std::clamp(row, 0.0F, static_cast<float>(lastLine)));
+    // Of a box that is too narrow for its characters, some lines stay empty.
+    while (number > 0 && lines_.lines[static_cast<std::size_t>(number)].first < 0)
+        --number;
     const TextLines::Line& line = lines_.lines[static_cast<std::size_t>(number)];
-    if (line.last < line.first)
+    if (line.isEmpty())
         return std::max(line.first, 0);
     const std::int32_t last = number == lastLine ? lines_.length() : line.last;
     const float x = point.x - leftOf(line);
@@ -104,7 +106,7 @@ void PlacedText::drawSelection(Point position, Range selected, Color color) cons
 {
     for (std::size_t number = 0; number < lines_.lines.size(); ++number) {
         const TextLines::Line& line = lines_.lines[number];
-        if (selected.first > line.last || selected.end <= line.first || line.last < line.first)
+        if (selected.first > line.last || selected.end <= line.first || line.isEmpty())
             continue;
         const float left = leftOf(line);
         const float start = selected.first > line.first ? characterAt(selected.first).x : 0;
@@ -143,9 +145,10 @@ void PlacedText::drawCaret(Point position, TextMarks& marks, std::int32_t caret)
     constexpr std::int32_t SizeOfOnePixel = 16;
     const std::int32_t line = characterAt(caret).line;
     const float x = std::floor(xOf(caret));
-    const float width = static_cast<float>(1 + face_.size() / SizeOfOnePixel);
+    const std::int32_t width = 1 + face_.size() / SizeOfOnePixel;
     if (alphaOf(marks.caretColor) != 0)
-        fill(position.x + x, position.y + topOf(line), width, boxHeight(), marks.caretColor);
+        fill(position.x + x, position.y + topOf(line), static_cast<float>(width), boxHeight(),
+             marks.caretColor);
     marks.caretX = x;
     // So far above the line that a point there belongs to the line before it.
     marks.caretY = topOf(line) + ascender_ - lineHeight_;

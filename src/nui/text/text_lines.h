@@ -16,13 +16,15 @@ struct TextLines {
         bool drawn = false;    ///< the library drops what ends a line
     };
     struct Line {
-        std::int32_t first = 0;
-        std::int32_t last = -1; ///< less than `first` for a line without characters
-        float width = 0;        ///< to the end of the last character that is no blank
-        float end = 0;          ///< of the pen behind the last character
-        float left = 0;         ///< of the box around what is drawn, if `hasBox`
+        std::int32_t first = -1; ///< negative where nothing stands, not even the text's end
+        std::int32_t last = -2;  ///< less than `first` for a line without characters
+        float width = 0;         ///< to the end of the last character that is no blank
+        float end = 0;           ///< of the pen behind the last character
+        float left = 0;          ///< of the box around what is drawn, if `hasBox`
         float right = 0;
         bool hasBox = false;
+
+        [[nodiscard]] bool isEmpty() const { return last < first; }
     };
 
     std::string text;                  ///< valid UTF-8

@@ -45,7 +45,7 @@ std::shared_ptr<RenderedText> uploaded(const Coverage& picture)
 
 WinFont::WinFont(const std::string& name) : size_(NoSize)
 {
-    setFont(name);
+    WinFont::setFont(name);
 }
 
 void WinFont::setFont(const std::string& name)
