@@ -1,5 +1,7 @@
 #include "misc/text.h"
 
+#include "misc/utf8.h"
+
 #include <gtest/gtest.h>
 #include <stdexcept>
 
@@ -25,6 +27,7 @@ TEST(text, malformed_utf8_becomes_one_replacement_for_each_byte)
     };
     for (const auto& each : cases) {
         EXPECT_EQ(to_text32(each.bytes), each.points) << testing::PrintToString(each.bytes);
+        EXPECT_EQ(count_code_points(each.bytes), each.points.size());
     }
     EXPECT_EQ(to_utf8(text32{0x110000}), "\xEF\xBF\xBD");
     EXPECT_EQ(to_utf16(text32{0x110000}), u"\xFFFD");

@@ -88,6 +88,10 @@ public:
     /// The index whose place on the line is nearest to `x`, from the start of the text.
     [[nodiscard]] virtual std::int32_t indexAtX(const std::string& text, std::int16_t size,
                                                 float x);
+    /// Where the caret stands in front of a character, or behind the last one, of a text on one
+    /// line; from the start of the text.
+    [[nodiscard]] virtual float xAtIndex(const std::string& text, std::int16_t size,
+                                         std::int32_t index);
 
     std::string faceName; ///< of a font of the system
     std::string fontPath; ///< of a font file; may end in "?" and the index of a face in it

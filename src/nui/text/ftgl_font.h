@@ -38,6 +38,8 @@ public:
     [[nodiscard]] float getTextWidth(const std::string& text, std::int16_t size) override;
     [[nodiscard]] std::int32_t indexAtX(const std::string& text, std::int16_t size,
                                         float x) override;
+    [[nodiscard]] float xAtIndex(const std::string& text, std::int16_t size,
+                                 std::int32_t index) override;
 
 private:
     enum class TextKind : std::uint8_t { Lines, OneLine };
