@@ -181,8 +181,11 @@ TEST(ftgl_font, a_box_that_is_narrower_than_its_characters_still_has_a_nearest_o
     for (const std::int32_t maxLines : {0, 1, 2}) {
         const TextLayout layout{
             .text = text, .size = 14, .width = 2, .height = 50, .maxLines = maxLines};
+        // A limit may end at a line that nothing stands in: then there is no layout.
+        const std::int32_t least = font.measureText(layout).isValid() ? 0 : -1;
+        EXPECT_EQ(least, maxLines == 2 ? -1 : 0);
         for (float y = -20; y < 400; y += 7)
-            EXPECT_GE(font.indexAtPoint(layout, {1, y}), 0) << maxLines << " " << y;
+            EXPECT_GE(font.indexAtPoint(layout, {1, y}), least) << maxLines << " " << y;
     }
 }
 

@@ -72,7 +72,7 @@ float PlacedText::topOf(std::int32_t line) const
 
 float PlacedText::boxHeight() const
 {
-    return std::round(ascender_ + face_.metrics().depthBelowBase());
+    return std::min(std::round(ascender_ + face_.metrics().depthBelowBase()), lineHeight_);
 }
 
 float PlacedText::xOf(std::int32_t index) const
