@@ -276,6 +276,12 @@ TEST_F(text_button_test, a_link_is_underlined_and_shows_the_hand_while_the_point
     EXPECT_EQ(underline(), "ffffff 000000");
     EXPECT_EQ(SDL_GetCursor(), nui::engine().linkCursor.get());
     EXPECT_FALSE(dynamic_cast<nui::LinkTextButton&>(*link.clone()).isHovered());
+    const auto& font = static_cast<FixedFont&>(*nui::engine().fonts.defaultFont);
+    const int measured = font.measured;
+    EXPECT_EQ(underline(), "ffffff 000000"); // still, and measured before
+    EXPECT_EQ(font.measured, measured);
+    link.setText("mores");
+    EXPECT_EQ(underline(), "ffffff ffffff");
     toolkit.move(10, 10);
     EXPECT_FALSE(link.isHovered());
     EXPECT_EQ(SDL_GetCursor(), before);

@@ -75,6 +75,9 @@ TEST_F(text_label_test, a_new_text_is_measured_at_once)
     build("'text': 'one', 'width': 'content', 'height': 'content'");
     label->setText("three");
     EXPECT_EQ(label->width, 50);
+    label->maxWidth = 60;
+    label->setText("the third");
+    EXPECT_EQ(label->width, 60);
     nui::engine().fonts.defaultFont.reset();
     label->setText("none");
     EXPECT_EQ(label->width, 0);

@@ -95,11 +95,10 @@ void LinkTextButton::drawContent()
 /// Below the last line, as wide as the widest.
 void LinkTextButton::drawUnderline()
 {
-    Font* const measuring = font();
     const TextLayout layout = boxLayout();
-    if (measuring == nullptr || layout.text.empty())
+    if (layout.text.empty())
         return;
-    const TextSize text = measuring->measureText(layout);
+    const TextSize text = drawnSize(layout);
     if (!text.isValid())
         return;
     const auto across = static_cast<std::uint32_t>(textAlignment);

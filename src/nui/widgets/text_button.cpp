@@ -126,6 +126,7 @@ void TextButton::measure()
         layout.wordWrap = wordWrap;
         Font* const measuring = font();
         setContentSize(measuring != nullptr ? measuring->measureText(layout) : TextSize{0, 0});
+        limitContent();
     }
     placeTextBox();
 }

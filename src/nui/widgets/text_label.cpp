@@ -4,6 +4,7 @@
 #include "nui/engine/engine.h"
 #include "nui/reader/nui_reader.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
 #include <utility>
@@ -66,8 +67,12 @@ bool TextLabel::read(NuiReader& reader)
 void TextLabel::readLabelKeys(NuiReader& reader)
 {
     Widget::read(reader);
-    if (reader.readString(textKey_, "text", true))
+    if (reader.readString(textKey_, "text", true)) {
+        // An empty one takes a template's text away.
+        if (textKey_.empty())
+            setText("");
         reloadText();
+    }
     Size size;
     if (reader.readSize(size, "fontSize"))
         fontSize = fontSizeOf(size, fontSize);
@@ -110,6 +115,15 @@ void TextLabel::measure()
         width = size.width;
     if (heightMode == Content)
         height = size.height;
+    limitContent();
+}
+
+void TextLabel::limitContent()
+{
+    if (widthMode == Content && maxWidth > 0)
+        width = std::min(width, maxWidth);
+    if (heightMode == Content && maxHeight > 0)
+        height = std::min(height, maxHeight);
 }
 
 void TextLabel::drawContent()
@@ -158,6 +172,23 @@ const TextureRef* TextLabel::requirePicture(const TextLayout& layout, Point posi
         setClip(clip);
     }
     return renderedText_ ? &renderedText_->texture() : nullptr;
+}
+
+TextSize TextLabel::drawnSize(const TextLayout& layout)
+{
+    Font* const drawing = font();
+    if (drawing == nullptr)
+        return {};
+    checkPicture(*drawing, layout);
+    if (!drawnSize_)
+        drawnSize_ = drawing->measureText(layout);
+    return *drawnSize_;
+}
+
+void TextLabel::dropPicture()
+{
+    renderedText_.reset();
+    drawnSize_.reset();
 }
 
 void TextLabel::checkPicture(Font& drawing, const TextLayout& layout)

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -45,7 +46,11 @@ protected:
     void drawText(const TextLayout& layout, Point position);
     /// The same as a picture; null while there is none.
     [[nodiscard]] const TextureRef* requirePicture(const TextLayout& layout, Point position);
-    void dropPicture() { renderedText_.reset(); }
+    /// How much of its box the drawn text fills; measured once for a picture.
+    [[nodiscard]] TextSize drawnSize(const TextLayout& layout);
+    void dropPicture();
+    /// Cuts what is sized by the text to maxWidth and maxHeight.
+    void limitContent();
     [[nodiscard]] const std::string& textKey() const { return textKey_; }
     /// Replaces the text without further ado.
     void storeText(std::string newText);
@@ -74,6 +79,7 @@ private:
     std::string textKey_;
     std::string text_;
     std::shared_ptr<RenderedText> renderedText_;
+    std::optional<TextSize> drawnSize_;
     PictureRule pictureRule_;
 };
 

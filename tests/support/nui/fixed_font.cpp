@@ -1,6 +1,7 @@
 #include "support/nui/fixed_font.h"
 
 #include "misc/text.h"
+#include "misc/utf8.h"
 #include "nui/draw/drawing.h"
 
 #include <algorithm>
@@ -71,6 +72,7 @@ Point FixedFont::startOf(const Line& line, std::size_t number, std::size_t lines
 
 TextSize FixedFont::measureText(const TextLayout& layout)
 {
+    ++measured;
     if (!(layout.width > 0))
         return {};
     const std::u32string text = nrd::misc::to_text32(layout.text);
@@ -107,13 +109,19 @@ float FixedFont::getLineHeight(std::int16_t /*size*/, std::int32_t lines)
 
 float FixedFont::getTextWidth(const std::string& text, std::int16_t /*size*/)
 {
-    return static_cast<float>(nrd::misc::to_text32(text).size()) * CharacterWidth;
+    return static_cast<float>(nrd::misc::count_code_points(text)) * CharacterWidth + extraWidth;
 }
 
-std::int32_t FixedFont::indexAtX(const std::string& text, std::int16_t size, float x)
+std::int32_t FixedFont::indexAtX(const std::string& text, std::int16_t /*size*/, float x)
 {
-    const float length = getTextWidth(text, size) / CharacterWidth;
+    const auto length = static_cast<float>(nrd::misc::count_code_points(text));
     return static_cast<std::int32_t>(std::clamp(std::round(x / CharacterWidth), 0.0F, length));
+}
+
+float FixedFont::xAtIndex(const std::string& text, std::int16_t /*size*/, std::int32_t index)
+{
+    const auto length = static_cast<std::int32_t>(nrd::misc::count_code_points(text));
+    return static_cast<float>(std::clamp(index, 0, length)) * CharacterWidth;
 }
 
 void FixedFont::draw(const TextLayout& layout, Point position, Color color, TextMarks* marks,

@@ -27,6 +27,8 @@ public:
     [[nodiscard]] float getTextWidth(const std::string& text, std::int16_t size) override;
     [[nodiscard]] std::int32_t indexAtX(const std::string& text, std::int16_t size,
                                         float x) override;
+    [[nodiscard]] float xAtIndex(const std::string& text, std::int16_t size,
+                                 std::int32_t index) override;
 
     /// What was drawn since the last call, a line each: the text, where, and in which box and
     /// colour; behind it the marks, if there are any: caret, anchor, the two colours.
@@ -35,6 +37,8 @@ public:
     /// Draws pictures in which each character is a white block of 8 by 16; needs GL.
     bool makesPictures = false;
     int picturesMade = 0;
+    int measured = 0;     ///< calls of measureText
+    float extraWidth = 0; ///< that getTextWidth adds to the characters' own
 
 private:
     struct Line {
