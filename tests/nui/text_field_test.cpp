@@ -5,7 +5,9 @@
 #include "nui/events/dispatch.h"
 #include "nui/menus/popup_menu.h"
 #include "nui/menus/text_menu.h"
+#include "nui/widgets/list_box.h"
 #include "nui/widgets/number_text_field.h"
+#include "nui/widgets/popup_list.h"
 #include "support/nui/event_log.h"
 #include "support/nui/fixed_font.h"
 #include "support/nui/layout_folder.h"
@@ -218,6 +220,28 @@ TEST_F(text_field_test, the_clipboard_gives_and_takes_text)
     EXPECT_EQ(after({{SDLK_a, Control}, {SDLK_v, Control}}), "one|");
 }
 
+TEST_F(text_field_test, nothing_is_lost_that_the_clipboard_cannot_hold)
+{
+    openFocused("");
+    field->setText(std::string("a\0b", 3));
+    after({{SDLK_a, Control}, {SDLK_x, Control}});
+    EXPECT_EQ(shown(), "|");
+    EXPECT_EQ(after({{SDLK_v, Control}}), "a b|");
+}
+
+TEST_F(text_field_test, a_field_may_go_when_it_tells_of_a_paste)
+{
+    open("");
+    SDL_SetClipboardText("new");
+    const auto remove = [](nui::WidgetEvent& event) {
+        dynamic_cast<nui::Container&>(*event.target->parent).remove(event.target);
+    };
+    nui::subscribe(*field, nui::text::Pasting, remove, nullptr);
+    const std::weak_ptr<nui::Widget> watched = field->weak_from_this();
+    field->paste();
+    EXPECT_TRUE(watched.expired());
+}
+
 TEST_F(text_field_test, a_field_of_many_lines_takes_them_all)
 {
     openFocused(", 'multiline': true");
@@ -257,6 +281,13 @@ TEST_F(text_field_test, a_password_shows_a_star_a_byte_and_does_not_leave_the_fi
     field->setText("\xC3\xA4\xC3\xB6");
     toolkit.press();
     EXPECT_EQ(shown(), "\xC3\xA4|\xC3\xB6"); // the second star ends the first character
+    toolkit.release();
+    field->setText("\xFF\xC3\xA4\xC3"); // three characters
+    field->setCaret(2);
+    EXPECT_NE(drawn().find("'****' at 0,0 in 100x40 ff000000 caret 3 anchor 3"), std::string::npos);
+    toolkit.move(90, 10);
+    toolkit.press();
+    EXPECT_EQ(field->caret(), 3);
     toolkit.release();
 }
 
@@ -451,6 +482,46 @@ TEST_F(text_field_test, a_scrolling_field_keeps_its_caret_in_view)
     EXPECT_EQ(drawn(), "'short' at 5,0 in " + display + " lines 1");
 }
 
+TEST_F(text_field_test, a_scrolling_field_follows_its_caret_and_not_what_fonts_add_to_a_width)
+{
+    openFocused(", 'class_version': 2, 'wordWrap': false, 'maxLines': 1");
+    font->extraWidth = 4;
+    field->insertText("1234567890");
+    EXPECT_EQ(field->scrollX(), -3); // the caret at 100 goes to 97
+}
+
+TEST_F(text_field_test, a_scrolling_field_has_one_line_whatever_is_in_it)
+{
+    openFocused(", 'class_version': 2, 'text': 'a\\nb'");
+    EXPECT_EQ(drawn(), "'a b' at 0,0 in 100x40 ff000000 caret 0 anchor 0 ff000000 ff000000");
+    EXPECT_EQ(after({{SDLK_END}}), "a\nb|");
+}
+
+TEST_F(text_field_test, what_is_typed_does_not_outgrow_the_limits)
+{
+    openFocused(", 'width': 'content', 'height': 'content', 'maxWidth': 50, 'maxHeight': 15,"
+                " 'text': 'a'");
+    EXPECT_EQ(afterTyping("bcdefg"), "bcdefg|a");
+    EXPECT_EQ(field->width, 50);
+    EXPECT_EQ(field->height, 15);
+    field->setText("abcdefghi");
+    EXPECT_EQ(field->width, 50);
+    field->setText("abc");
+    EXPECT_EQ(field->width, 30);
+    EXPECT_EQ(drawn(), "'abc' at 0,0 in 30x15 ff000000 caret 3 anchor 3 ff000000 ff000000");
+}
+
+TEST_F(text_field_test, an_empty_key_takes_away_what_a_template_says)
+{
+    screen = toolkit.open(
+        "{'templates': [{'class': 'TextField', 'id': 'full', 'text': 'abc', 'hint': 'Name'}],"
+        " 'widgets': [{'class': 'Screen', 'id': 'screen', 'children': ["
+        "{'template': 'full', 'name': 'f', 'text': '', 'hint': '', 'width': 'content'}]}]}");
+    field = dynamic_cast<nui::TextField*>(screen->findByName("f"));
+    EXPECT_EQ(field->getText(), "");
+    EXPECT_EQ(field->width, 0);
+}
+
 TEST_F(text_field_test, a_text_from_the_program_ends_the_selection)
 {
     openFocused(", 'text': 'abcdef'");
@@ -510,6 +581,23 @@ TEST_F(text_field_test, the_right_button_opens_the_menu_of_what_can_be_done)
     EXPECT_EQ(shown(), "|");
     SDL_SetClipboardText("");
     EXPECT_EQ(greyed(), "Cut Copy Paste Delete SelectAll ");
+}
+
+TEST_F(text_field_test, the_menu_is_in_the_language_of_the_user)
+{
+    const nui::test::LayoutFolder folder;
+    folder.write("text_menu.json", R"({"menus": [{"id": "text_menu", "children": [
+        {"name": "Cut", "text": "cut"}]}]})");
+    folder.write("langfile.txt", "key\ten\ncut\tCut\nCut\tanother\n");
+    nui::engine().lang = std::make_unique<nui::Lang>(folder.path() + "langfile.txt");
+    nui::engine().lang->setLanguage("en");
+    nui::engine().textMenu = nui::loadTextMenu(folder.path() + "text_menu.json");
+    openFocused("");
+    toolkit.move(12, 10);
+    toolkit.press(SDL_BUTTON_RIGHT);
+    const auto menu = std::dynamic_pointer_cast<nui::PopupList>(nui::engine().popups.open());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->list().itemText(0), "Cut");
 }
 
 TEST_F(text_field_test, an_empty_field_is_as_wide_as_its_hint)

@@ -46,6 +46,7 @@ public:
     [[nodiscard]] const std::string& text() const { return text_; }
     /// Whether the text comes from a key.
     [[nodiscard]] bool hasTextKey() const { return hasTextKey_; }
+    [[nodiscard]] const std::string& textKey() const { return textKey_; }
 
     std::string name;
     bool checked = false;

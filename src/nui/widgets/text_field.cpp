@@ -1,6 +1,7 @@
 #include "nui/widgets/text_field.h"
 
 #include "misc/text.h"
+#include "misc/utf8.h"
 #include "nui/engine/engine.h"
 #include "nui/events/dispatch.h"
 #include "nui/reader/nui_reader.h"
@@ -23,7 +24,7 @@ constexpr std::array<const char*, 10> InputTypeNames = {
 
 std::int32_t lengthOf(const std::string& text)
 {
-    return static_cast<std::int32_t>(nrd::misc::to_text32(text).size());
+    return static_cast<std::int32_t>(nrd::misc::count_code_points(text));
 }
 
 std::string clipboardText()
@@ -87,8 +88,11 @@ bool TextField::read(NuiReader& reader)
 {
     readLabelKeys(reader); // of a button's keys only those below
     reader.readEdges(padding, "padding");
-    if (reader.readString(rules_.hintKey, "hint", true))
-        reloadText();
+    if (reader.readString(rules_.hintKey, "hint", true)) {
+        // An empty one takes a template's hint away.
+        rules_.hintText.clear();
+        reloadHint();
+    }
     reader.readColor(rules_.hintColor, "hintColor", "hintColorAlpha");
     reader.readColor(rules_.caretColor, "caretColor", "caretAlpha");
     auto word = static_cast<std::uint32_t>(rules_.inputType);
@@ -109,6 +113,11 @@ bool TextField::read(NuiReader& reader)
 void TextField::reloadText()
 {
     TextLabel::reloadText();
+    reloadHint();
+}
+
+void TextField::reloadHint()
+{
     const std::string& key = rules_.hintKey;
     if (!key.empty())
         rules_.hintText = engine().lang ? engine().lang->getString(key) : key;
@@ -239,7 +248,10 @@ bool TextField::copy() const
     const TextEditState state = editState();
     if (!state.hasSelection() || isPassword())
         return false;
-    SDL_SetClipboardText(nrd::misc::to_utf8(state.selection()).c_str());
+    std::u32string copied(state.selection());
+    // It would end there for the clipboard.
+    std::ranges::replace(copied, U'\0', U' ');
+    SDL_SetClipboardText(nrd::misc::to_utf8(copied).c_str());
     return true;
 }
 
@@ -251,6 +263,8 @@ void TextField::cut()
 
 void TextField::paste()
 {
+    // A listener may let the field go.
+    const WidgetPtr held = weak_from_this().lock();
     raise(text::Pasting);
     if (rules_.readOnly)
         return;

@@ -103,6 +103,7 @@ private:
     /// The same for what only moved caret and anchor.
     void finishMove(std::int32_t newCaret, std::int32_t newAnchor);
     void raise(EventType type);
+    void reloadHint();
 
     // text_field_events.cpp
     static void onFocusGained(WidgetEvent& event);
@@ -146,6 +147,7 @@ private:
 
     Rules rules_;
     float scrollX_ = 0;
+    std::string lineText_;   ///< what a field that scrolls has drawn last
     bool composing_ = false; ///< what an input method composes stands selected in the text
     bool focused_ = false;
     std::int32_t caret_ = 0;

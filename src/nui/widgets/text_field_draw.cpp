@@ -1,4 +1,4 @@
-#include "misc/text.h"
+#include "misc/utf8.h"
 #include "nui/draw/drawing.h"
 #include "nui/engine/engine.h"
 #include "nui/widgets/text_field.h"
@@ -22,18 +22,12 @@ constexpr std::uint8_t Solid = 255;
 constexpr float ViewMargin = 3;
 constexpr float WideViewMargin = 9;
 
-/// Bytes of the first `count` characters. A byte that is no text is a character of its own.
-std::size_t bytesOf(const std::string& text, std::int32_t count)
+/// Bytes of the first `count` characters.
+std::size_t bytesOf(std::string_view text, std::int32_t count)
 {
-    const nrd::misc::text32 characters = nrd::misc::to_text32(text);
-    const auto length = std::min(static_cast<std::size_t>(std::max(count, 0)), characters.size());
     std::size_t bytes = 0;
-    for (std::size_t i = 0; i < length; ++i) {
-        const std::string character =
-            nrd::misc::to_utf8(std::u32string_view(characters).substr(i, 1));
-        const bool isText = text.compare(bytes, character.size(), character) == 0;
-        bytes += isText ? character.size() : 1;
-    }
+    for (; count > 0 && bytes < text.size(); --count)
+        nrd::misc::next_code_point(text, bytes);
     return bytes;
 }
 
@@ -64,6 +58,10 @@ void TextField::drawField()
 void TextField::drawScrolled()
 {
     TextLayout line = boxLayout();
+    // A line feed is a blank there, as for who looks up a place.
+    lineText_ = line.text;
+    std::ranges::replace(lineText_, '\n', ' ');
+    line.text = lineText_;
     const float start = textBox().left + scrollX_;
     line.width = std::max(start, textBox().width);
     // Where the look-up of a place on one line has it.
@@ -121,12 +119,7 @@ void TextField::followCaret()
     if (!scrolls() || measuring == nullptr || !(width > 0))
         return;
     const std::string shown(shownText());
-    const auto before = static_cast<std::size_t>(toShown(caret_));
-    const std::string beforeCaret =
-        displayText().empty()
-            ? nrd::misc::to_utf8(std::u32string_view(nrd::misc::to_text32(shown)).substr(0, before))
-            : shown.substr(0, before);
-    const float offset = beforeCaret.empty() ? 0 : measuring->getTextWidth(beforeCaret, fontSize);
+    const float offset = measuring->xAtIndex(shown, fontSize, toShown(caret_));
     const float caretAt = scrollX_ + offset + padding.start(Axis::X, width);
     if (caretAt < ViewMargin)
         scrollX_ += ViewMargin - caretAt;
@@ -166,12 +159,12 @@ std::int32_t TextField::fromShown(std::int32_t index) const
 {
     if (index < 0)
         return index;
-    const auto length = static_cast<std::int32_t>(nrd::misc::to_text32(getText()).size());
+    const std::string& text = getText();
     if (displayText().empty())
-        return std::min(index, length);
+        return std::min(index, static_cast<std::int32_t>(nrd::misc::count_code_points(text)));
     std::int32_t character = 0;
-    while (character < length && toShown(character) < index)
-        ++character;
+    for (std::size_t at = 0; at < text.size() && at < static_cast<std::size_t>(index); ++character)
+        nrd::misc::next_code_point(text, at);
     return character;
 }
 

@@ -55,12 +55,12 @@ bool TextField::openContextMenu(Point onWindow)
     menu->reloadText();
     prepareMenu(*menu);
     const std::vector<PopupMenuItemPtr> items = shownItems(*menu);
-    std::vector<std::string> texts;
-    texts.reserve(items.size());
+    std::vector<std::string> keys;
+    keys.reserve(items.size());
     for (const PopupMenuItemPtr& item : items)
-        texts.push_back(item->text());
+        keys.push_back(item->textKey());
     contextMenu_ = std::make_shared<PopupList>();
-    contextMenu_->setItems(std::move(texts));
+    contextMenu_->setItems(std::move(keys));
     for (std::size_t index = 0; index < items.size(); ++index)
         contextMenu_->list().children()[index]->setEnabled(items[index]->enabled);
     // The field is the menu's owner, for as long as both are there.
