@@ -1,7 +1,9 @@
 #include "nui/engine/engine.h"
 #include "nui/events/dispatch.h"
 #include "nui/widgets/screen.h"
+#include "nui/widgets/text_label.h"
 #include "support/nui/event_log.h"
+#include "support/nui/layout_folder.h"
 #include "support/nui/running_toolkit.h"
 
 #include <SDL.h>
@@ -158,6 +160,21 @@ TEST_F(engine_test, an_event_for_an_unknown_window_is_ignored)
     toolkit.turn();
     EXPECT_TRUE(screen->isOpen());
     EXPECT_EQ(log.take(), "");
+}
+
+TEST_F(engine_test, an_open_window_speaks_a_new_language_at_once)
+{
+    const nui::test::LayoutFolder folder;
+    folder.write("langfile.txt", "key\ten\tde\nOK\tFine\tGut\n");
+    engine().lang = std::make_unique<nui::Lang>(folder.path() + "langfile.txt");
+    engine().changeLanguageAndFont("en", false, [](const std::string&) {});
+    const auto screen = toolkit.open(
+        "{'widgets': [{'class': 'Screen', 'id': 'screen', 'windowWidth': 120, 'windowHeight': 80,"
+        "'children': [{'class': 'TextLabel', 'name': 'label', 'text': 'OK'}]}]}");
+    const auto& label = dynamic_cast<nui::TextLabel&>(*screen->findByName("label"));
+    EXPECT_EQ(label.getText(), "Fine");
+    engine().changeLanguageAndFont("de", false, [](const std::string&) {});
+    EXPECT_EQ(label.getText(), "Gut");
 }
 
 TEST_F(engine_test, minimized_and_hidden_windows_are_not_drawn)

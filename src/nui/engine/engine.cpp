@@ -218,11 +218,26 @@ std::string Engine::resourcePath(const std::string& name) const
 bool Engine::changeLanguageAndFont(const char* selectedLang, bool detectInputLang,
                                    const std::function<void(const std::string&)>& log)
 {
-    return nui::changeLanguageAndFont(fonts, *lang, selectedLang, detectInputLang,
-                                      {.systemFonts = SystemFonts::ofThisSystem(),
-                                       .deviceLanguage = Lang::getDeviceLanguage(),
-                                       .keyboardLanguage = nrd::misc::keyboard_language_name()},
-                                      log);
+    if (!lang)
+        lang = std::make_unique<Lang>("");
+    const std::string before = lang->languageUnicode;
+    const bool changed =
+        nui::changeLanguageAndFont(fonts, *lang, selectedLang, detectInputLang,
+                                   {.systemFonts = SystemFonts::ofThisSystem,
+                                    .deviceLanguage = Lang::getDeviceLanguage,
+                                    .keyboardLanguage = nrd::misc::keyboard_language_name},
+                                   log);
+    if (lang->languageUnicode != before)
+        reloadTexts();
+    return changed;
+}
+
+/// What is open speaks the new language from the next frame on.
+void Engine::reloadTexts()
+{
+    for (const auto& [id, screen] : screens.all())
+        screen->reloadText();
+    screens.markAllDirty();
 }
 
 void Engine::setSystemMessageCallback(std::function<void(const NativeMessage&)> callback)

@@ -123,6 +123,7 @@ private:
 
     Engine();
     void drawScreen(const ScreenPtr& screen, bool noSwap);
+    void reloadTexts();
     [[nodiscard]] bool frameIsDue(std::uint64_t now);
 
     std::unique_ptr<class EventHandler> events_;

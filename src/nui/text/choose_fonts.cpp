@@ -29,7 +29,7 @@ std::string fontFileOf(const std::string& folder, const char* file)
 std::string detectedInputLang(const FontSurroundings& surroundings, const TextLog& log)
 {
     log("detecting input lang...");
-    std::string detected = surroundings.keyboardLanguage;
+    std::string detected = surroundings.keyboardLanguage();
     nrd::misc::to_lower(detected);
     if (detected.empty())
         log("input lang was not detected");
@@ -109,7 +109,7 @@ void chooseStandIns(Fonts& fonts, const FontSurroundings& surroundings)
     auto* const editFont = dynamic_cast<FtglFont*>(fonts.defaultEditFont.get());
     if (editFont == nullptr)
         return;
-    std::vector<std::string> files = surroundings.systemFonts.languageFontFiles(fonts.inputLang);
+    std::vector<std::string> files = surroundings.systemFonts().languageFontFiles(fonts.inputLang);
     files.push_back(fontFileOf(fonts.fontsDir, GeneralFallbackFile));
     for (const FallbackFile& each : FallbackFiles)
         files.push_back(fontFileOf(fonts.fontsDir, each.file));
@@ -118,15 +118,16 @@ void chooseStandIns(Fonts& fonts, const FontSurroundings& surroundings)
 
 void chooseEditFont(Fonts& fonts, const FontSurroundings& surroundings, const TextLog& log)
 {
-    bool languageSearch = !fonts.inputLang.starts_with(surroundings.deviceLanguage);
+    const std::string deviceLanguage = surroundings.deviceLanguage();
+    bool languageSearch = !fonts.inputLang.starts_with(deviceLanguage);
     log(std::string("language search: ") + (languageSearch ? "true" : "false"));
     log("this->inputLang: " + fonts.inputLang);
-    log("Lang::getDeviceLanguage(): " + surroundings.deviceLanguage);
+    log("Lang::getDeviceLanguage(): " + deviceLanguage);
     log("defaultFont->getFaceName(): " + fonts.defaultFont->getFaceName());
     log("defaultPrintFont: " + fonts.defaultPrintFont);
     fonts.defaultFontPath =
-        surroundings.systemFonts.findSystemFont(fonts.inputLang, fonts.defaultFont->getFaceName(),
-                                                languageSearch, fonts.defaultPrintFont, log);
+        surroundings.systemFonts().findSystemFont(fonts.inputLang, fonts.defaultFont->getFaceName(),
+                                                  languageSearch, fonts.defaultPrintFont, log);
     log("default font path identified as: " + fonts.defaultFontPath);
     if (fonts.defaultFontPath.empty())
         languageSearch = false;

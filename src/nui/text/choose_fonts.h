@@ -4,15 +4,17 @@
 #include "nui/text/lang.h"
 #include "nui/text/system_fonts.h"
 
+#include <functional>
 #include <string>
 
 namespace nui {
 
-/// What the choice of fonts asks the system for.
+/// What the choice of fonts asks the system for, each when its turn comes: most calls change
+/// nothing and need none of it.
 struct FontSurroundings {
-    const SystemFonts& systemFonts;
-    std::string deviceLanguage;   ///< of Lang
-    std::string keyboardLanguage; ///< in Windows' three letters; empty if it is not known
+    std::function<const SystemFonts&()> systemFonts;
+    std::function<std::string()> deviceLanguage;   ///< of Lang
+    std::function<std::string()> keyboardLanguage; ///< in Windows' three letters, or empty
 };
 
 /// Engine::changeLanguageAndFont, with what it works on.

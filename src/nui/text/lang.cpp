@@ -71,10 +71,15 @@ void Lang::load(const std::string& path)
     }
 }
 
-std::string Lang::getString(const std::string& key) const
+std::string Lang::getText(const char* key) const
 {
     const auto found = translations_.find(languageUnicode + key);
-    return key.empty() || found == translations_.end() ? key : found->second;
+    return found == translations_.end() ? key : found->second;
+}
+
+std::string Lang::getString(const std::string& key) const
+{
+    return key.empty() ? std::string() : getText(key.c_str());
 }
 
 bool Lang::has(const std::string& key) const

@@ -20,7 +20,8 @@ public:
     /// rows before the broken one are there.
     void load(const std::string& path);
 
-    [[nodiscard]] std::string getText(const char* key) const { return getString(key); }
+    [[nodiscard]] std::string getText(const char* key) const;
+    /// The same, but for the empty key, whose text is empty also if it has one.
     [[nodiscard]] std::string getString(const std::string& key) const;
     [[nodiscard]] bool has(const std::string& key) const;
     /// The text with the first "%1" in it, and the first "%2", replaced.
