@@ -1,145 +1,23 @@
 #include "nui/widgets/text_field.h"
 
-#include "misc/text.h"
 #include "nui/engine/engine.h"
 #include "nui/events/dispatch.h"
-#include "nui/menus/popup_menu.h"
-#include "nui/menus/text_menu.h"
-#include "nui/widgets/list_box.h"
 #include "nui/widgets/number_text_field.h"
-#include "nui/widgets/popup_list.h"
-#include "support/nui/event_log.h"
-#include "support/nui/fixed_font.h"
-#include "support/nui/layout_folder.h"
-#include "support/nui/running_toolkit.h"
+#include "support/nui/text_field_test.h"
 
 #include <SDL.h>
 #include <gtest/gtest.h>
 
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace {
 
-using nui::test::FixedFont;
+using nui::test::Control;
+using nui::test::Key;
+using nui::test::Shift;
 
-struct Key {
-    std::int32_t code;
-    std::uint16_t modifiers = 0;
-};
-
-constexpr std::uint16_t Shift = KMOD_LSHIFT;
-constexpr std::uint16_t Control = KMOD_RCTRL;
-
-class text_field_test : public testing::Test {
-protected:
-    text_field_test()
-    {
-        nui::engine().fonts.defaultEditFont = std::make_unique<FixedFont>();
-        font = dynamic_cast<FixedFont*>(nui::engine().fonts.defaultEditFont.get());
-    }
-
-    /// A window with the field at its left upper corner, 100 by 40 unless the keys say otherwise,
-    /// and a second one below it.
-    nui::TextField& open(const std::string& keys, const std::string& className = "TextField")
-    {
-        const auto unlessSaid = [&keys](const std::string& key, const char* value) {
-            return keys.find("'" + key + "'") == std::string::npos ? ", '" + key + "': " + value
-                                                                   : std::string();
-        };
-        screen = toolkit.open(
-            "{'widgets': [{'class': 'Screen', 'id': 'screen', 'name': 'screen',"
-            " 'windowWidth': 300, 'windowHeight': 120, 'form': true, 'children': ["
-            "{'class': '" +
-            className + "', 'name': 'f', 'verticalTextAlignment': 'Top', 'color': '#000000'" +
-            unlessSaid("width", "100") + unlessSaid("height", "40") + keys +
-            "}, {'class': 'TextField', 'name': 'other', 'text': 'else', 'height': 20},"
-            "{'class': 'TextButton', 'name': 'button', 'text': 'go', 'default': true}]}]}");
-        field = dynamic_cast<nui::TextField*>(screen->findByName("f"));
-        log.listen(*screen);
-        return *field;
-    }
-
-    nui::TextField& openFocused(const std::string& keys, const std::string& className = "TextField")
-    {
-        open(keys, className);
-        focus();
-        return *field;
-    }
-
-    void focus()
-    {
-        nui::engine().setFocus(field->shared_from_this());
-        toolkit.frame();
-    }
-
-    /// "one[two|]": two is selected, and the caret at its end.
-    [[nodiscard]] std::string shown() const
-    {
-        std::u32string text = nrd::misc::to_text32(field->getText());
-        const auto insert = [&text](std::int32_t place, char32_t mark) {
-            text.insert(static_cast<std::size_t>(place), 1, mark);
-        };
-        const bool selects = field->caret() != field->anchor();
-        const bool caretLast = field->caret() > field->anchor();
-        if (selects)
-            insert(caretLast ? field->caret() : field->anchor(), U']');
-        insert(field->caret(), U'|');
-        if (selects)
-            insert(caretLast ? field->anchor() : field->caret(), U'[');
-        return nrd::misc::to_utf8(text);
-    }
-
-    std::string after(const std::vector<Key>& keys)
-    {
-        for (const Key& key : keys)
-            toolkit.key(key.code, key.modifiers);
-        return shown();
-    }
-
-    std::string afterTyping(const std::string& text)
-    {
-        toolkit.type(text);
-        return shown();
-    }
-
-    /// How often a type of event has reached the window since the last call.
-    int heard(const std::string& tag)
-    {
-        int count = 0;
-        std::istringstream lines(log.take());
-        for (std::string line; std::getline(lines, line);)
-            count += line.starts_with(tag) ? 1 : 0;
-        return count;
-    }
-
-    void compose(const std::string& text, std::int32_t length = 0)
-    {
-        SDL_Event event = {};
-        event.edit.type = SDL_TEXTEDITING;
-        event.edit.windowID = screen->windowId();
-        event.edit.length = length;
-        text.copy(event.edit.text, sizeof event.edit.text - 1);
-        SDL_PushEvent(&event);
-        toolkit.turn();
-    }
-
-    std::string drawn()
-    {
-        (void)font->takeDrawn();
-        toolkit.frame();
-        const std::string all = font->takeDrawn();
-        return all.substr(0, all.find('\n'));
-    }
-
-    nui::test::EventLog log; // hears of what goes until the toolkit has ended
-    nui::test::RunningToolkit toolkit;
-    FixedFont* font = nullptr;
-    std::shared_ptr<nui::Screen> screen;
-    nui::TextField* field = nullptr;
-    bool unused = false; ///< the field has left the last key to others
-};
+class text_field_test : public nui::test::TextFieldTest {};
 
 TEST_F(text_field_test, what_is_typed_comes_in_at_the_caret_and_everybody_hears_of_it)
 {
@@ -206,51 +84,6 @@ TEST_F(text_field_test, only_keys_that_do_something_are_used_up)
     EXPECT_FALSE(isUsedUp({SDLK_F5}));
 }
 
-TEST_F(text_field_test, the_clipboard_gives_and_takes_text)
-{
-    openFocused(", 'text': 'abcd'");
-    after({{SDLK_RIGHT}, {SDLK_RIGHT, Shift}, {SDLK_RIGHT, Shift}, {SDLK_c, Control}});
-    EXPECT_EQ(after({{SDLK_END}, {SDLK_v, Control}}), "abcdbc|");
-    EXPECT_EQ(heard("WEXT screen 2"), 1);
-    EXPECT_EQ(after({{SDLK_a, Control}, {SDLK_x, Control}}), "|");
-    EXPECT_EQ(after({{SDLK_v, Control}, {SDLK_v, Control}}), "abcdbcabcdbc|");
-    // With nothing selected there is nothing to copy.
-    EXPECT_EQ(after({{SDLK_x, Control}, {SDLK_HOME}, {SDLK_v, Control}}), "abcdbc|abcdbcabcdbc");
-    SDL_SetClipboardText("one\r\ntwo\rthree");
-    EXPECT_EQ(after({{SDLK_a, Control}, {SDLK_v, Control}}), "one|");
-}
-
-TEST_F(text_field_test, nothing_is_lost_that_the_clipboard_cannot_hold)
-{
-    openFocused("");
-    field->setText(std::string("a\0b", 3));
-    after({{SDLK_a, Control}, {SDLK_x, Control}});
-    EXPECT_EQ(shown(), "|");
-    EXPECT_EQ(after({{SDLK_v, Control}}), "a b|");
-}
-
-TEST_F(text_field_test, a_field_may_go_when_it_tells_of_a_paste)
-{
-    open("");
-    SDL_SetClipboardText("new");
-    const auto remove = [](nui::WidgetEvent& event) {
-        dynamic_cast<nui::Container&>(*event.target->parent).remove(event.target);
-    };
-    nui::subscribe(*field, nui::text::Pasting, remove, nullptr);
-    const std::weak_ptr<nui::Widget> watched = field->weak_from_this();
-    field->paste();
-    EXPECT_TRUE(watched.expired());
-}
-
-TEST_F(text_field_test, a_field_of_many_lines_takes_them_all)
-{
-    openFocused(", 'multiline': true");
-    SDL_SetClipboardText("one\r\ntwo\rthree\n");
-    EXPECT_EQ(after({{SDLK_v, Control}}), "one\ntwo\nthree\n|");
-    EXPECT_EQ(after({{SDLK_RETURN}, {SDLK_KP_ENTER, Shift}}), "one\ntwo\nthree\n\n\n|");
-    EXPECT_EQ(heard("0 screen"), 0); // the default button is not asked
-}
-
 TEST_F(text_field_test, return_in_one_line_goes_to_the_form)
 {
     openFocused(", 'text': 'a'");
@@ -289,22 +122,6 @@ TEST_F(text_field_test, a_password_shows_a_star_a_byte_and_does_not_leave_the_fi
     toolkit.press();
     EXPECT_EQ(field->caret(), 3);
     toolkit.release();
-}
-
-TEST_F(text_field_test, where_only_reading_is_allowed_selecting_and_copying_work)
-{
-    openFocused(", 'text': 'abc', 'readOnly': true, 'multiline': true");
-    SDL_SetClipboardText("new");
-    EXPECT_EQ(afterTyping("x"), "|abc");
-    EXPECT_EQ(after({{SDLK_RIGHT}, {SDLK_v, Control}, {SDLK_RETURN}, {SDLK_DELETE}}), "a|bc");
-    EXPECT_EQ(after({{SDLK_END, Shift}, {SDLK_x, Control}, {SDLK_BACKSPACE}}), "a[bc|]");
-    char* text = SDL_GetClipboardText();
-    EXPECT_STREQ(text, "new");
-    SDL_free(text);
-    after({{SDLK_c, Control}});
-    text = SDL_GetClipboardText();
-    EXPECT_STREQ(text, "bc");
-    SDL_free(text);
 }
 
 TEST_F(text_field_test, a_disabled_field_hears_no_keys)
@@ -534,70 +351,6 @@ TEST_F(text_field_test, a_text_from_the_program_ends_the_selection)
     field->setCaret(-3);
     EXPECT_EQ(shown(), "|x");
     EXPECT_EQ(heard("TEXT"), 0);
-}
-
-TEST_F(text_field_test, the_right_button_opens_the_menu_of_what_can_be_done)
-{
-    const nui::test::LayoutFolder folder;
-    folder.write("text_menu.json", R"({"menus": [{"id": "text_menu", "children": [
-        {"name": "Cut", "text": "Cut"}, {"name": "Copy", "text": "Copy"},
-        {"name": "Paste", "text": "Paste"}, {"name": "Delete", "text": "Delete"}, {},
-        {"name": "SelectAll", "text": "Select all"}, {"name": "x", "text": "Other"}]}]})");
-    nui::engine().textMenu = nui::loadTextMenu(folder.path() + "text_menu.json");
-    EXPECT_EQ(nui::loadTextMenu(folder.path() + "none.json"), nullptr);
-    openFocused(", 'text': 'abc'");
-    SDL_SetClipboardText("new");
-    const auto greyed = [this] {
-        std::string names;
-        toolkit.press(SDL_BUTTON_RIGHT);
-        toolkit.release(SDL_BUTTON_RIGHT);
-        EXPECT_TRUE(field->isMenuOpen());
-        for (const auto& item : nui::engine().textMenu->children())
-            names += item->enabled ? "" : item->name + " ";
-        return names;
-    };
-    toolkit.move(12, 10);
-    EXPECT_EQ(greyed(), "Cut Copy Delete ");
-    toolkit.frame();
-    // By key: past what is greyed. The field keeps the keyboard.
-    EXPECT_EQ(after({{SDLK_DOWN}, {SDLK_RETURN}}), "new|abc");
-    EXPECT_FALSE(field->isMenuOpen());
-    EXPECT_EQ(greyed(), "Cut Copy Delete ");
-    EXPECT_EQ(after({{SDLK_ESCAPE}}), "new|abc");
-    EXPECT_FALSE(field->isMenuOpen());
-    field->selectAll();
-    EXPECT_EQ(greyed(), "SelectAll ");
-    EXPECT_EQ(afterTyping("x"), "x|");
-    EXPECT_FALSE(field->isMenuOpen());
-    field->runMenuCommand("SelectAll");
-    EXPECT_EQ(shown(), "[x|]");
-    field->runMenuCommand("Cut");
-    EXPECT_EQ(shown(), "|");
-    field->runMenuCommand("Paste");
-    field->runMenuCommand("something else");
-    EXPECT_EQ(shown(), "x|");
-    field->runMenuCommand("SelectAll");
-    field->runMenuCommand("Delete");
-    EXPECT_EQ(shown(), "|");
-    SDL_SetClipboardText("");
-    EXPECT_EQ(greyed(), "Cut Copy Paste Delete SelectAll ");
-}
-
-TEST_F(text_field_test, the_menu_is_in_the_language_of_the_user)
-{
-    const nui::test::LayoutFolder folder;
-    folder.write("text_menu.json", R"({"menus": [{"id": "text_menu", "children": [
-        {"name": "Cut", "text": "cut"}]}]})");
-    folder.write("langfile.txt", "key\ten\ncut\tCut\nCut\tanother\n");
-    nui::engine().lang = std::make_unique<nui::Lang>(folder.path() + "langfile.txt");
-    nui::engine().lang->setLanguage("en");
-    nui::engine().textMenu = nui::loadTextMenu(folder.path() + "text_menu.json");
-    openFocused("");
-    toolkit.move(12, 10);
-    toolkit.press(SDL_BUTTON_RIGHT);
-    const auto menu = std::dynamic_pointer_cast<nui::PopupList>(nui::engine().popups.open());
-    ASSERT_NE(menu, nullptr);
-    EXPECT_EQ(menu->list().itemText(0), "Cut");
 }
 
 TEST_F(text_field_test, an_empty_field_is_as_wide_as_its_hint)
