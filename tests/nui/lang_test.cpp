@@ -36,6 +36,7 @@ TEST_F(lang_test, a_text_is_found_by_language_and_key_and_a_key_without_one_stan
     EXPECT_EQ(english.getString("OK"), "OK");
     EXPECT_EQ(english.getString("none"), "");
     EXPECT_EQ(english.getString("Plain text."), "Plain text.");
+    EXPECT_EQ(english.getString(std::string("a\0b", 3)), std::string("a\0b", 3));
     EXPECT_EQ(english.getString(""), "");
 
     const nui::Lang german = load(table, "de");

@@ -48,6 +48,14 @@ void replaceMark(std::string& text, std::size_t place, const std::string& argume
         text.replace(place, MarkLength, argument);
 }
 
+/// Whole, also with a U+0000 in it.
+std::string textOf(const std::map<std::string, std::string>& translations,
+                   const std::string& language, const std::string& key)
+{
+    const auto found = translations.find(language + key);
+    return found == translations.end() ? key : found->second;
+}
+
 } // namespace
 
 void Lang::load(const std::string& path)
@@ -73,13 +81,12 @@ void Lang::load(const std::string& path)
 
 std::string Lang::getText(const char* key) const
 {
-    const auto found = translations_.find(languageUnicode + key);
-    return found == translations_.end() ? key : found->second;
+    return textOf(translations_, languageUnicode, key);
 }
 
 std::string Lang::getString(const std::string& key) const
 {
-    return key.empty() ? std::string() : getText(key.c_str());
+    return key.empty() ? std::string() : textOf(translations_, languageUnicode, key);
 }
 
 bool Lang::has(const std::string& key) const
