@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <type_traits>
+#include <vector>
 
 namespace nui {
 
@@ -119,6 +120,11 @@ BitmapHandle pixelBitmap(HDC context, LONG width, LONG height, void** pixels)
     return BitmapHandle(CreateDIBSection(context, &info, DIB_RGB_COLORS, pixels, nullptr, 0));
 }
 
+int sumOf(const RGBQUAD& color)
+{
+    return color.rgbRed + color.rgbGreen + color.rgbBlue;
+}
+
 } // namespace
 
 struct NativeFace {
@@ -186,19 +192,27 @@ void drawNativeText(const NativeFace& face, const std::string& text, const Nativ
         return;
     const Selected drawnInto(context, bitmap.get());
     const Selected font(context, face.font.get());
-    SetTextColor(context, RGB(255, 255, 255));
     SetBkMode(context, TRANSPARENT);
     RECT place = {0, box.top, picture.width, box.top + box.lines * face.lineHeight};
-    DrawTextW(context, units.data(), static_cast<int>(units.size()), &place,
-              textFormat(box.wrap) | alignmentFormat(box.alignment) | DT_END_ELLIPSIS);
-    GdiFlush();
-    // White on black: a channel is a share. Where they differ by the pixel's parts, their mean is
-    // what the eye sees from afar.
-    const auto* const colors = static_cast<const RGBQUAD*>(pixels);
-    std::transform(colors, colors + picture.pixels.size(), picture.pixels.begin(),
-                   [](const RGBQUAD& color) {
-                       return static_cast<std::uint8_t>(
-                           (color.rgbRed + color.rgbGreen + color.rgbBlue + 1) / 3);
+    const UINT format = textFormat(box.wrap) | alignmentFormat(box.alignment) | DT_END_ELLIPSIS;
+    const auto drawn = [&](std::uint8_t ground, COLORREF color) {
+        auto* const colors = static_cast<RGBQUAD*>(pixels);
+        const RGBQUAD empty = {ground, ground, ground, 0};
+        std::fill_n(colors, picture.pixels.size(), empty);
+        SetTextColor(context, color);
+        DrawTextW(context, units.data(), static_cast<int>(units.size()), &place, format);
+        GdiFlush();
+        return colors;
+    };
+    // GDI draws light text bolder than dark text; what is covered lies between. A channel is a
+    // share, and where they differ, by the parts of a pixel, their sum is what the eye sees.
+    constexpr std::uint8_t Full = 255;
+    std::vector<int> dark(picture.pixels.size());
+    std::transform(drawn(Full, RGB(0, 0, 0)), static_cast<RGBQUAD*>(pixels) + dark.size(),
+                   dark.begin(), [](const RGBQUAD& color) { return 3 * Full - sumOf(color); });
+    std::transform(dark.begin(), dark.end(), drawn(0, RGB(Full, Full, Full)),
+                   picture.pixels.begin(), [](int covered, const RGBQUAD& color) {
+                       return static_cast<std::uint8_t>((covered + sumOf(color) + 3) / 6);
                    });
 }
 
