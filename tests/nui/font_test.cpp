@@ -142,13 +142,25 @@ TEST(win_font, another_face_takes_effect_and_none_is_the_systems_own)
     EXPECT_THROW(static_cast<void>(font.indexAtX("text", 14, 1)), std::logic_error);
 }
 
+TEST(ftgl_font, a_text_without_blanks_keeps_all_its_lines)
+{
+    FtglFont font(test::latinFontFile());
+    const float lineHeight = font.getLineHeight(14, 1);
+    const auto height = [&](const char* text) {
+        return font.measureText({.text = text, .size = 14, .width = 40, .maxLines = 1}).height;
+    };
+    EXPECT_GT(height("WWWWWWWWWWWWWWWW"), 2 * lineHeight);
+    EXPECT_EQ(height("WW WWWWWWWWWWWWW"), lineHeight);
+    EXPECT_EQ(height("\nx"), 2 * lineHeight) << "the first character always stays";
+}
+
 TEST(ftgl_font, a_file_that_is_no_font_is_a_font_without_glyphs)
 {
     for (const std::string& path :
          {std::string(), std::string("no such file.ttf"), test::latinFontFile() + "?1",
           test::latinFontFile().substr(0, 3)}) {
         FtglFont font(path);
-        EXPECT_FALSE(font.measureText({.text = "text", .width = 100}).isValid()) << path;
+        EXPECT_EQ(font.measureText({.text = "text", .width = 100}).width, 0) << path;
         EXPECT_EQ(font.getLineHeight(14, 1), 0);
         EXPECT_EQ(font.getTextWidth("text", 14), 0);
         EXPECT_EQ(font.indexAtX("text", 14, 5), 0);

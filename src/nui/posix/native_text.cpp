@@ -178,14 +178,40 @@ private:
     /// As much of a piece of the text as there is room for in front of "...".
     Line endedLine(std::size_t start, std::size_t end)
     {
-        for (std::size_t stop = end;; stop = startOfCharacter(text_, stop - 1)) {
-            Owned<PangoLayout> layout = layoutOf(face_, std::string(piece(start, stop)) + Ellipsis);
-            PangoLayoutLine* const line = pango_layout_get_line_readonly(layout.get(), 0);
-            if (stop == start || widthOf(line) <= width_) {
-                keep(std::move(layout));
-                return {line, start, end};
+        const auto ended = [&](std::size_t stop) {
+            return layoutOf(face_, std::string(piece(start, stop)) + Ellipsis);
+        };
+        const auto fits = [&](std::size_t stop) {
+            const Owned<PangoLayout> layout = ended(stop);
+            return widthOf(pango_layout_get_line_readonly(layout.get(), 0)) <= width_;
+        };
+        // What surely has room, and what surely has none: first in steps that double, as Pango's
+        // time grows with the square of a text, then by halves.
+        std::size_t shorter = start;
+        std::size_t longer = end;
+        for (std::size_t length = 64; start + length < end; length *= 2) {
+            const std::size_t stop = startOfCharacter(text_, start + length);
+            if (!fits(stop)) {
+                longer = stop;
+                break;
             }
+            shorter = stop;
         }
+        if (longer == end && fits(end))
+            shorter = end;
+        while (shorter < longer) {
+            std::size_t middle = startOfCharacter(text_, shorter + (longer - shorter + 1) / 2);
+            if (middle <= shorter)
+                middle = longer; // the next character
+            if (fits(middle))
+                shorter = middle;
+            else
+                longer = startOfCharacter(text_, middle - 1);
+        }
+        Owned<PangoLayout> layout = ended(shorter);
+        PangoLayoutLine* const line = pango_layout_get_line_readonly(layout.get(), 0);
+        keep(std::move(layout));
+        return {line, start, end};
     }
 
     [[nodiscard]] std::string_view piece(std::size_t start, std::size_t end) const

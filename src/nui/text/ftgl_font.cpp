@@ -14,7 +14,8 @@ namespace nui {
 
 namespace {
 
-constexpr std::size_t CacheSize = 32;
+/// More than the texts of a page, as those that are drawn in turn would drive each other out.
+constexpr std::size_t CacheSize = 256;
 constexpr float UnlimitedWidth = 1e9F;
 constexpr char32_t Ellipsis[] = U"...";
 
@@ -38,7 +39,7 @@ std::int32_t lineCount(const TextLines& lines)
 
 bool isBlank(char32_t character)
 {
-    return character == U' ';
+    return character == U' ' || character == U'\t' || character == U'\n';
 }
 
 /// Lays out what is left of a text that has too many lines, with "..." behind it.
@@ -47,16 +48,14 @@ TextLines cutLines(FtglFace& face, std::u32string_view text, const TextLines& wh
 {
     const TextLines::Line& last = whole.lines[static_cast<std::size_t>(maxLines) - 1];
     TextLines lines = whole;
-    // At blanks if there are any, else anywhere: not all languages have blanks.
-    for (const bool anywhere : {false, true}) {
-        for (std::int32_t end = last.last; end > 0; --end) {
-            const auto place = static_cast<std::size_t>(end);
-            if (!anywhere && !isBlank(text[place]))
-                continue;
-            lines = face.layOut(std::u32string(text.substr(0, place)) + Ellipsis, width);
-            if (lineCount(lines) <= maxLines)
-                return lines;
-        }
+    // At blanks alone: a text without one keeps all its lines.
+    for (std::int32_t end = last.last; end > 0; --end) {
+        const auto place = static_cast<std::size_t>(end);
+        if (!isBlank(text[place]))
+            continue;
+        lines = face.layOut(std::u32string(text.substr(0, place)) + Ellipsis, width);
+        if (lineCount(lines) <= maxLines)
+            break;
     }
     return lines;
 }
@@ -169,7 +168,9 @@ const TextLines& FtglFont::lineOf(FtglFace& face, const std::string& text)
 TextSize FtglFont::measureText(const TextLayout& layout)
 {
     FtglFace* const face = faceFor(layout.size);
-    const TextLines* const lines = face != nullptr ? linesOf(*face, layout) : nullptr;
+    if (face == nullptr)
+        return layout.width > 0 ? TextSize{0, 0} : TextSize{}; // a font without glyphs
+    const TextLines* const lines = linesOf(*face, layout);
     if (lines == nullptr)
         return {};
     return {lines->width + extraWidth(*face),

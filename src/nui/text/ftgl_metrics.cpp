@@ -27,10 +27,12 @@ constexpr std::size_t BeyondEnd = 4;
 FtglMetrics::FtglMetrics(const std::string& file, unsigned int size, unsigned int resolution)
     : FTFont(reinterpret_cast<const unsigned char*>(file.data()), file.size())
 {
-    if (!isValid())
+    // Settled once: later errors are those of single glyphs.
+    valid_ = Error() == 0;
+    if (!valid_)
         return;
     GlyphLoadFlags(LoadFlags);
-    FaceSize(size, resolution);
+    valid_ = FaceSize(size, resolution);
 }
 
 FTGlyph* FtglMetrics::MakeGlyph(FT_GlyphSlot slot)

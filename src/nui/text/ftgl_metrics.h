@@ -24,7 +24,7 @@ public:
     FtglMetrics(const std::string& file, unsigned int size, unsigned int resolution);
 
     /// False for a file that is no font: then nothing else may be called.
-    [[nodiscard]] bool isValid() const { return Error() == 0; }
+    [[nodiscard]] bool isValid() const { return valid_; }
     [[nodiscard]] float heightAboveBase() const { return Ascender(); }
     [[nodiscard]] float depthBelowBase() const { return -Descender(); }
 
@@ -63,6 +63,7 @@ private:
     std::vector<FtglMetrics*> glyphs_; ///< of each of its characters
     TextLines record_;
     mutable std::int32_t lineBreaks_ = 0;
+    bool valid_ = false;
 };
 
 } // namespace nui
