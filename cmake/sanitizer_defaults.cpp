@@ -23,11 +23,13 @@ const char* __lsan_default_options()
     return "print_suppressions=0";
 }
 
-// The software renderer draws on threads of its own, with locks that are not seen. None of our
-// other threads may go near it, so a race of ours never has it on a stack.
+// The software renderer draws, and Pango asks fontconfig, on threads of their own, with locks that
+// are not seen. None of our other threads may go near them, so a race of ours never has one of them
+// on a stack.
 const char* __tsan_default_suppressions()
 {
-    return "race:swrast_dri.so\n";
+    return "race:libfontconfig.so\n"
+           "race:swrast_dri.so\n";
 }
 
 const char* __asan_default_options()
