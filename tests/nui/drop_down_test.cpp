@@ -184,6 +184,7 @@ TEST_F(drop_down_test, many_items_scroll_and_the_selected_one_is_seen)
 {
     openDropDown(0, ", 'maxRows': 4");
     std::vector<std::string> items;
+    items.reserve(30);
     for (int index = 0; index < 30; ++index)
         items.push_back("item " + std::to_string(index));
     choice->setItems(items);
