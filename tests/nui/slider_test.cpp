@@ -48,8 +48,8 @@ TEST_F(slider_test, the_thumb_is_dragged_and_comes_to_a_press_beside_it)
 TEST_F(slider_test, a_vertical_one_grows_upwards)
 {
     openSlider(", 'value': 50, 'orientation': 'Vertical'");
+    press(*slider);
     moveTo(*slider, 0, -30);
-    toolkit.press();
     EXPECT_EQ(taken(), "80 ");
 }
 
