@@ -3,12 +3,11 @@
 #include "nui/engine/engine.h"
 #include "nui/events/dispatch.h"
 #include "nui/reader/nui_reader.h"
+#include "nui/text/clipboard.h"
 #include "nui/widgets/control_looks.h"
 #include "nui/widgets/number_text_field.h"
 
-#include <SDL_clipboard.h>
 #include <SDL_keycode.h>
-#include <SDL_stdinc.h>
 
 #include <algorithm>
 #include <charconv>
@@ -36,14 +35,6 @@ int numberOf(const std::string& digits)
     const char* const last = digits.data() + digits.size();
     const auto [end, error] = std::from_chars(digits.data(), last, number);
     return error == std::errc() && end == last && number >= 0 ? number : -1;
-}
-
-std::string clipboardText()
-{
-    char* const text = SDL_GetClipboardText();
-    std::string copied = text != nullptr ? text : "";
-    SDL_free(text);
-    return copied;
 }
 
 bool isSeparator(char typed)

@@ -5,9 +5,9 @@
 #include "nui/engine/engine.h"
 #include "nui/events/dispatch.h"
 #include "nui/reader/nui_reader.h"
+#include "nui/text/clipboard.h"
 
 #include <SDL_clipboard.h>
-#include <SDL_stdinc.h>
 
 #include <algorithm>
 #include <array>
@@ -25,14 +25,6 @@ constexpr std::array<const char*, 10> InputTypeNames = {
 std::int32_t lengthOf(const std::string& text)
 {
     return static_cast<std::int32_t>(nrd::misc::count_code_points(text));
-}
-
-std::string clipboardText()
-{
-    char* const text = SDL_GetClipboardText();
-    std::string copied = text != nullptr ? text : "";
-    SDL_free(text);
-    return copied;
 }
 
 /// Line ends as fields have them: a line feed alone.
