@@ -10,6 +10,7 @@
 #include "tools/nui_preview/picture.h"
 #include "tools/nui_preview/player.h"
 #include "tools/nui_preview/widget_tree.h"
+#include "tools/nui_preview/wizard_stand_ins.h"
 
 #include <SDL2/SDL.h>
 
@@ -153,6 +154,7 @@ void preview::start_toolkit()
     file_ = absolute_name(options_.file);
     nui::Engine::start(options_.resources ? absolute_name(*options_.resources)
                                           : resources_of(file_));
+    register_wizard_stand_ins();
     shared::ui::registerBindableClasses();
     toolkit_started_ = true;
     use_own_fonts_if_needed();
