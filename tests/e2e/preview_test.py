@@ -140,6 +140,24 @@ class Preview(unittest.TestCase):
         self.assertEqual([(widget["value"], widget["focused"]) for widget in widgets(tree)
                           if widget["name"] == "choice"], [("two", True)])
 
+    def test_the_wizards_own_files_open_without_its_models(self):
+        layouts = PROGRAMS / "resources" / "ui"
+        script = self.write("script.txt", "show end_main\n")
+        tree, picture = self.show(layouts / "installer_window.json", "--lang", "de", "--play",
+                                  script)
+        self.assertEqual((picture.width, picture.height), (tree["width"], tree["height"]))
+        self.assertEqual({widget["name"]: widget["visibility"] for widget in widgets(tree)
+                          if widget["name"].endswith("_main")},
+                         {"installer_main": "Visible", "welcome_main": "Collapsed",
+                          "installing_main": "Collapsed", "end_main": "Visible"})
+        texts = {widget["name"]: widget["text"] for widget in widgets(tree) if "text" in widget}
+        self.assertEqual((texts["title_label"], texts["finish_button"]),
+                         ("Installation von Velmora Studio 5", "Fertigstellen"))
+        for dialog in sorted(layouts.glob("*_dialog.json")):
+            tree, _ = self.show(dialog)
+            self.assertEqual((tree["name"], tree["visibility"]),
+                             (f"{dialog.stem}_main", "Visible"))
+
     def test_the_wheel_scrolls_what_can_be_scrolled(self):
         script = self.write("script.txt", "move 60 60\nwheel -2\n")
         before, _ = self.show(SAMPLES / "scrolling.json")
