@@ -382,6 +382,11 @@ bool is_or_lies_in(std::u16string_view key, std::u16string_view folder)
     return key == folder || lies_in(key, folder);
 }
 
+std::string host_path_text(const path& p)
+{
+    return error_path_text(to_host(p));
+}
+
 path current_path()
 {
     return from_host(fs::current_path());

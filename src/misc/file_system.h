@@ -76,6 +76,9 @@ bool lies_in(std::u16string_view key, std::u16string_view folder);
 /// The same, or `folder` itself.
 bool is_or_lies_in(std::u16string_view key, std::u16string_view folder);
 
+/// Where the path lies for the host, as UTF-8: for libraries that open files themselves.
+std::string host_path_text(const path& p);
+
 path current_path();
 /// Throws filesystem_error.
 void current_path(const path& p);

@@ -1,4 +1,5 @@
 #include "vs/vs_installer/startup.h"
+#include "vs/vs_installer/wizard.h"
 
 #include <SDL2/SDL_main.h>
 
@@ -6,5 +7,9 @@
 int main(int argc, char* argv[])
 {
     nrd::vs_installer::startup startup(std::vector<std::string>(argv, argv + argc));
-    return startup.run() == nrd::vs_installer::startup_result::ready ? 0 : 1;
+    if (startup.run() != nrd::vs_installer::startup_result::ready) {
+        return 1;
+    }
+    nrd::vs_installer::run_wizard(startup.data_dir, startup.specs);
+    return 0;
 }

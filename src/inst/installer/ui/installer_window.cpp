@@ -1,0 +1,42 @@
+#include "inst/installer/ui/installer_window.h"
+
+#include "inst/installer/model/installer_app.h"
+#include "inst/installer/model/installer_window_model.h"
+#include "inst/installer/ui/find_widget.h"
+#include "nui/widgets/pages_container.h"
+#include "streams/installer_log.h"
+
+#include <utility>
+
+namespace nrd::installer::ui {
+
+installer_window::installer_window(std::shared_ptr<model::installer_window_model> shared)
+    : model_(std::move(shared))
+{
+}
+
+nui::WidgetPtr installer_window::cloneObject() const
+{
+    installer_log("Installer window widget cloning.");
+    nui::WidgetPtr copy = Cloneable::cloneObject();
+    installer_log("Installer window widget cloned.");
+    return copy;
+}
+
+model::installer_app& installer_window::app() const
+{
+    return *model_->app;
+}
+
+void installer_window::init(nui::WidgetPack& pack, nui::WidgetMap& /*widgets*/)
+{
+    installer_log("Installer window initialising.");
+    const auto found = pack.widgets.find("tab_holder");
+    require<nui::PagesContainer>(found == pack.widgets.end() ? nullptr : found->second.get(),
+                                 "installer_main", "tab_holder")
+        .show("welcome_main");
+    setTitle("Install " + misc::to_utf8(app().name()));
+    installer_log("Installer window initialised.");
+}
+
+} // namespace nrd::installer::ui

@@ -1,0 +1,44 @@
+#include "inst/installer/ui/release_action.h"
+
+#include "nui/events/dispatch.h"
+
+#include <utility>
+
+namespace nrd::installer::ui {
+
+namespace {
+
+release_action& self(const nui::WidgetEvent& event)
+{
+    return *static_cast<release_action*>(event.user);
+}
+
+} // namespace
+
+void release_action::attach(nui::Widget& button, std::function<void()> action)
+{
+    action_ = std::move(action);
+    nui::subscribeFirst(button, nui::touch::Release, on_release_begins, this);
+    nui::subscribe(button, nui::touch::Release, on_release, this);
+    nui::subscribe(button, nui::plain_event::Activate, on_activate, this);
+}
+
+void release_action::on_release_begins(nui::WidgetEvent& event)
+{
+    self(event).releasing_ = true;
+}
+
+void release_action::on_release(nui::WidgetEvent& event)
+{
+    self(event).releasing_ = false;
+    self(event).action_();
+}
+
+void release_action::on_activate(nui::WidgetEvent& event)
+{
+    if (!self(event).releasing_) {
+        self(event).action_();
+    }
+}
+
+} // namespace nrd::installer::ui
