@@ -1,8 +1,8 @@
 #include "inst/installer/model/installer_app.h"
 
-#include "inst/installer/model/model_package.h"
 #include "misc/file_system.h"
 #include "support/log_capture.h"
+#include "support/product_package.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -10,7 +10,7 @@
 namespace nrd::installer::model {
 namespace {
 
-using installer_app_test = model_package;
+using installer_app_test = test::product_package;
 
 std::size_t lines(const test::log_capture& log, std::string_view wanted)
 {
@@ -42,7 +42,7 @@ TEST_F(installer_app_test, asks_the_first_spec_and_keeps_its_own_copies)
     installation::specs given = {product("a"), product("b")};
     installer_app app(given);
     given.front().set_var(U"APP_NAME", U"changed");
-    EXPECT_EQ(app.name(), U"Models a");
+    EXPECT_EQ(app.name(), U"Product a");
     EXPECT_FALSE(app.is_installed());
     EXPECT_EQ(app.installed_location(), U"");
     EXPECT_TRUE(app.change_permissions());

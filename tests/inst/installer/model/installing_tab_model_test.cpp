@@ -1,8 +1,8 @@
 #include "inst/installer/model/installing_tab_model.h"
 
 #include "inst/installer/model/installer_app.h"
-#include "inst/installer/model/model_package.h"
 #include "support/log_capture.h"
+#include "support/product_package.h"
 
 #include <chrono>
 #include <limits>
@@ -20,7 +20,7 @@ void poll_to_the_end(installing_tab_model& model)
     }
 }
 
-class installing_tab_model_test : public model_package {
+class installing_tab_model_test : public test::product_package {
 protected:
     void report(const std::string& id, const misc::text32& argument)
     {

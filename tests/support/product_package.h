@@ -6,29 +6,29 @@
 
 #include <gtest/gtest.h>
 
-namespace nrd::installer::model {
+namespace nrd::test {
 
 /// Packages that install into a folder of their own, and what the system knows of them afterwards,
 /// which is removed again.
-class model_package : public testing::Test {
+class product_package : public testing::Test {
 protected:
-    model_package();
-    ~model_package() override;
+    product_package();
+    ~product_package() override;
 
-    /// A product "Models <name>" with one file, its name in it.
+    /// A product "Product <name>" with one file, its name in it.
     installation::spec product(const std::string& name);
     /// One whose source is missing.
     installation::spec broken_product(const std::string& name);
     /// What lies where the products go.
     [[nodiscard]] std::string installed() const;
 
-    test::temp_folder folder_;
+    temp_folder folder_;
 
 private:
-    test::package_builder begin(const std::string& name);
+    package_builder begin(const std::string& name);
     static misc::text32 app_name(const std::string& name);
 
     std::vector<misc::text32> names_;
 };
 
-} // namespace nrd::installer::model
+} // namespace nrd::test

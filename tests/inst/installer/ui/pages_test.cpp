@@ -1,0 +1,431 @@
+#include "inst/installer/model/end_tab_model.h"
+#include "inst/installer/model/installer_app.h"
+#include "inst/installer/model/installer_window_model.h"
+#include "inst/installer/model/installing_tab_model.h"
+#include "inst/installer/model/welcome_tab_model.h"
+#include "inst/installer/ui/end_tab.h"
+#include "inst/installer/ui/find_widget.h"
+#include "inst/installer/ui/installer_window.h"
+#include "inst/installer/ui/installing_tab.h"
+#include "inst/installer/ui/welcome_tab.h"
+#include "misc/predicate_table.h"
+#include "misc/registry.h"
+#include "nui/engine/engine.h"
+#include "nui/events/dispatch.h"
+#include "nui/reader/layout_loader.h"
+#include "nui/reader/widget_registry.h"
+#include "nui/widgets/pages_container.h"
+#include "shared/ui/bindable_classes.h"
+#include "support/log_capture.h"
+#include "support/nui/fixed_font.h"
+#include "support/nui/layout_folder.h"
+#include "support/nui/running_toolkit.h"
+#include "support/product_package.h"
+#include "support/running_program.h"
+
+#include <SDL.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace nrd::installer::ui {
+namespace {
+
+using misc::to_utf8;
+
+/// What the classes that the toolkit knows are made with: the models of the running test.
+struct models {
+    explicit models(const installation::specs& specs)
+        : app(specs), window(std::make_shared<model::installer_window_model>(app)),
+          welcome(std::make_shared<model::welcome_tab_model>(app)),
+          installing(std::make_shared<model::installing_tab_model>(app)),
+          end(std::make_shared<model::end_tab_model>(app))
+    {
+    }
+
+    static models*& current()
+    {
+        static models* ofTheTest = nullptr;
+        return ofTheTest;
+    }
+
+    model::installer_app app;
+    std::shared_ptr<model::installer_window_model> window;
+    std::shared_ptr<model::welcome_tab_model> welcome;
+    std::shared_ptr<model::installing_tab_model> installing;
+    std::shared_ptr<model::end_tab_model> end;
+};
+
+template <class Widget, class Model> class factory : public nui::WidgetFactory {
+public:
+    explicit factory(std::shared_ptr<Model> models::*which) : which_(which) {}
+    [[nodiscard]] nui::WidgetPtr create() override
+    {
+        return std::make_shared<Widget>(models::current()->*which_);
+    }
+
+private:
+    std::shared_ptr<Model> models::*which_;
+};
+
+template <class Widget, class Model>
+void register_page(const char* name, std::shared_ptr<Model> models::*which)
+{
+    nui::registerWidgetClass(name, std::make_unique<factory<Widget, Model>>(which));
+}
+
+/// The product's own layout, worked in process.
+class wizard_pages : public test::product_package {
+protected:
+    wizard_pages()
+    {
+        shared::ui::registerBindableClasses();
+        register_page<installer_window>("installer_window", &models::window);
+        register_page<welcome_tab>("welcome_tab", &models::welcome);
+        register_page<installing_tab>("installing_tab", &models::installing);
+        register_page<end_tab>("end_tab", &models::end);
+        nui::Engine& engine = nui::engine();
+        // As the source tree has it, without the fonts that a package gets.
+        const std::filesystem::path data(std::getenv("VS5_TEST_DATA"));
+        engine.basePath = (data.parent_path().parent_path() / "package/resources").string();
+        engine.resourceDirectory = engine.basePath;
+        engine.lang = std::make_unique<nui::Lang>(engine.basePath + "/langfile.txt");
+        engine.lang->setLanguage("en");
+        engine.fonts.defaultFont = std::make_unique<nui::test::FixedFont>();
+        engine.fonts.defaultEditFont = std::make_unique<nui::test::FixedFont>();
+        misc::predicate_table()["has_obsolete_cutter"] = [] { return obsolete(); };
+        obsolete() = false;
+    }
+
+    ~wizard_pages() override
+    {
+        models::current() = nullptr;
+        misc::predicate_table().clear();
+    }
+
+    static bool& obsolete()
+    {
+        static bool answer = false;
+        return answer;
+    }
+
+    void use_models_of(const installation::specs& specs)
+    {
+        models_ = std::make_unique<models>(specs);
+        models::current() = models_.get();
+    }
+
+    /// Before the window opens.
+    void load(const installation::specs& specs)
+    {
+        window_.reset();
+        widgets_.clear();
+        loader_.reset();
+        use_models_of(specs);
+        loader_ = std::make_unique<nui::LayoutLoader>("ui/installer_window.json");
+        widgets_ = loader_->load();
+        window_ = std::dynamic_pointer_cast<installer_window>(widgets_["installer_main"]);
+        ASSERT_TRUE(window_);
+    }
+
+    /// The window is there, with a drawn page.
+    void open(const installation::specs& specs)
+    {
+        load(specs);
+        open_window();
+    }
+
+    void open_window()
+    {
+        window_->openWindow();
+        nui::engine().addScreen(window_);
+        toolkit_.target = window_;
+        while (!window_->isLaidOut()) {
+            toolkit_.frame();
+            SDL_Delay(1);
+        }
+        toolkit_.turn();
+        nui::engine().keyboard.focusScreen = window_;
+        nui::engine().screens.makeCurrent(window_);
+        models_->app.run_periodic();
+    }
+
+    [[nodiscard]] shared::ui::dialog& dialog(const std::string& name)
+    {
+        return dynamic_cast<shared::ui::dialog&>(*widgets_.at(name + "_dialog_main"));
+    }
+
+    [[nodiscard]] std::string warning(const std::string& name)
+    {
+        return find_widget<nui::TextLabel>(dialog(name), "warning_message").getText();
+    }
+
+    [[nodiscard]] std::string text(const std::string& name)
+    {
+        return find_widget<nui::TextLabel>(*window_, name).getText();
+    }
+
+    [[nodiscard]] std::string page()
+    {
+        return find_widget<nui::PagesContainer>(*window_, "tab_holder").current()->name;
+    }
+
+    void point_at(const std::string& name)
+    {
+        const auto& widget = find_widget<nui::Widget>(*window_, name);
+        toolkit_.move(static_cast<int>(widget.x + widget.width / 2),
+                      static_cast<int>(widget.y + widget.height / 2));
+    }
+
+    void click(const std::string& name)
+    {
+        point_at(name);
+        toolkit_.press();
+        toolkit_.release();
+    }
+
+    /// Frames until the last page is there.
+    void run_to_the_end()
+    {
+        while (page() != "end_main") {
+            SDL_Delay(2);
+            toolkit_.frame();
+        }
+        toolkit_.frame();
+    }
+
+    /// How often the line was logged.
+    [[nodiscard]] std::ptrdiff_t logged(const std::string& line) const
+    {
+        return std::count(log_.lines().begin(), log_.lines().end(), line);
+    }
+
+    std::unique_ptr<models> models_; // outlive the pages
+    nui::test::RunningToolkit toolkit_;
+    std::unique_ptr<nui::LayoutLoader> loader_;
+    nui::WidgetMap widgets_;
+    std::shared_ptr<installer_window> window_;
+    test::log_capture log_;
+};
+
+TEST_F(wizard_pages, install_once_whatever_bubbles_up_to_them)
+{
+    open({product("a")});
+    EXPECT_EQ(window_->title(), "Install Product a");
+    EXPECT_EQ(page(), "welcome_main");
+    EXPECT_EQ(window_->focusedWidget->name, "install_button");
+    click("install_button");
+    EXPECT_EQ(page(), "installing_main");
+    nui::Widget& installing = find_widget<nui::Widget>(*window_, "progress_bar");
+    nui::WidgetEvent click_inside;
+    nui::bubble(installing, click_inside);
+    run_to_the_end();
+    EXPECT_EQ(logged("Installing tab start install."), 1);
+    EXPECT_NE(installed().find("a\\a.txt: a\n"), std::string::npos);
+    const std::string body = text("install_body_text");
+    EXPECT_TRUE(body.ends_with("Product a")) << body;
+    EXPECT_EQ(window_->focusedWidget->name, "finish_button");
+    click("finish_button");
+    EXPECT_TRUE(nui::engine().hasQuit());
+    EXPECT_EQ(logged("End Tab showing."), 1);
+}
+
+TEST_F(wizard_pages, tell_of_a_failed_install)
+{
+    open({broken_product("a")});
+    const std::string before = text("install_body_text");
+    click("install_button");
+    // A failure that comes in the same poll as the end would not be seen.
+    while (models_->app.get_observer().last_event().id != "in_file_does_not_exist") {
+        SDL_Delay(1);
+    }
+    run_to_the_end();
+    EXPECT_EQ(text("install_success_message"), nui::engine().lang->getText("installation_failed"));
+    EXPECT_EQ(text("install_body_text"), before);
+    EXPECT_EQ(logged("End Tab install message fail."), 1);
+    EXPECT_EQ(installed(), "a\\\n") << "the folder stays, as it was the first install";
+}
+
+TEST_F(wizard_pages, put_the_name_where_each_language_wants_it)
+{
+    load({product("a")});
+    const auto key_text = [](const char* key) { return nui::engine().lang->getText(key); };
+    EXPECT_EQ(text("title_label"), key_text("welcome_title") + "Product a");
+    EXPECT_EQ(text("body_text"), "Product a" + key_text("welcome_body"));
+    nui::engine().lang->setLanguage("jp");
+    load({product("a")});
+    EXPECT_EQ(text("title_label"), "Product a" + key_text("welcome_title"));
+    EXPECT_EQ(text("body_text"), "Product a" + key_text("welcome_body"));
+}
+
+TEST_F(wizard_pages, act_when_any_button_is_released_or_a_key_says_so)
+{
+    open({product("a")});
+    models_->welcome->install_path.set("C:\\");
+    const std::string line = "Welcome tab install clicked.";
+    click("install_button");
+    EXPECT_EQ(logged(line), 1) << "a click is one release";
+    point_at("install_button");
+    toolkit_.press(3);
+    toolkit_.release(3);
+    EXPECT_EQ(logged(line), 2);
+    point_at("title_label");
+    toolkit_.press();
+    point_at("install_button");
+    toolkit_.release();
+    EXPECT_EQ(logged(line), 3);
+    nui::engine().setFocus(find_widget<nui::Widget>(*window_, "install_button").shared_from_this());
+    toolkit_.key(SDLK_SPACE);
+    EXPECT_EQ(logged(line), 4);
+    // Return in the field is for the page's main button.
+    nui::engine().setFocus(
+        find_widget<nui::Widget>(*window_, "install_path_textfield").shared_from_this());
+    toolkit_.key(SDLK_RETURN);
+    EXPECT_EQ(logged(line), 5);
+    EXPECT_EQ(page(), "welcome_main") << "the top of a drive is refused";
+    EXPECT_EQ(logged("Valid filepath selected."), 0);
+    click("cancel_button");
+    EXPECT_EQ(logged("Welcome Tab close."), 1);
+    EXPECT_TRUE(nui::engine().hasQuit());
+}
+
+TEST_F(wizard_pages, name_the_programs_that_must_be_closed)
+{
+    installation::spec blocked = product("a");
+    blocked.block_processes = {{"vs5_blocker_one", "win"}, {"vs5_blocker_two", "win"}};
+    open({blocked});
+    const std::string first = warning("program_running");
+    EXPECT_TRUE(first.starts_with("Product a")) << first;
+    {
+        const test::running_program one(folder_ / "vs5_blocker_one.exe");
+        click("install_button");
+        EXPECT_EQ(warning("program_running"),
+                  nui::engine().lang->getText("close_process") + "\n\nvs5_blocker_one\n");
+        EXPECT_TRUE(dialog("program_running").isOpen());
+        EXPECT_FALSE(window_->window->enabled);
+        dialog("program_running").on_ok_pressed();
+        EXPECT_TRUE(window_->window->enabled);
+        const test::running_program two(folder_ / "vs5_blocker_two.exe");
+        click("install_button");
+        EXPECT_EQ(warning("program_running"), nui::engine().lang->getText("close_processes") +
+                                                  "\n\nvs5_blocker_one\nvs5_blocker_two\n");
+        dialog("program_running").on_ok_pressed();
+    }
+    EXPECT_EQ(page(), "welcome_main");
+    click("install_button");
+    EXPECT_EQ(page(), "installing_main");
+    run_to_the_end();
+}
+
+/// Answers a dialog a little after it was opened.
+class answering {
+public:
+    answering(shared::ui::dialog& asked, std::function<void()> answer) : answer_(std::move(answer))
+    {
+        nui::engine().setClock([] { return std::uint64_t(SDL_GetTicks64()); });
+        nui::subscribe(asked, nui::TimerDue, on_timer, this);
+        nui::engine().addTimer(30, asked.shared_from_this(), false);
+    }
+    answering(const answering&) = delete;
+    answering& operator=(const answering&) = delete;
+    ~answering() = default;
+
+private:
+    static void on_timer(nui::WidgetEvent& event)
+    {
+        static_cast<answering*>(event.user)->answer_();
+    }
+
+    std::function<void()> answer_;
+};
+
+TEST_F(wizard_pages, ask_before_an_older_installation_is_replaced)
+{
+    const installation::spec installed_already = product("a");
+    const misc::text32 key = misc::uninstall_key(installed_already.app_name());
+    misc::create_key(key);
+    misc::set_string_value(key, U"InstallLocation", U"\"C:\\Old place\\\"");
+    load({installed_already});
+    {
+        shared::ui::dialog& asked = dialog("already_installed");
+        const std::string before = warning("already_installed");
+        const answering ok(asked, [&] { asked.on_ok_pressed(); });
+        open_window();
+        EXPECT_EQ(warning("already_installed"), "Product a" + before + "\n\"C:\\Old place\\\"");
+    }
+    EXPECT_EQ(logged("Already installed OK pressed."), 1);
+    EXPECT_EQ(logged("Installer App changing permissions."), 1);
+    EXPECT_FALSE(nui::engine().hasQuit());
+    EXPECT_TRUE(window_->isOpen());
+}
+
+TEST_F(wizard_pages, take_no_for_an_answer)
+{
+    const installation::spec installed_already = product("a");
+    misc::create_key(misc::uninstall_key(installed_already.app_name()));
+    obsolete() = true;
+    load({installed_already});
+    {
+        shared::ui::dialog& asked = dialog("already_installed");
+        const answering cancel(asked, [&] { asked.on_cancel(); });
+        open_window();
+    }
+    EXPECT_TRUE(nui::engine().hasQuit());
+    EXPECT_EQ(logged("Already installed cancel pressed."), 1);
+    EXPECT_EQ(logged("Obsolete cutter."), 0) << "nothing more is asked";
+    EXPECT_TRUE(window_->isOpen()) << "the window opens nevertheless";
+}
+
+TEST_F(wizard_pages, warn_of_cutters_that_are_served_no_more)
+{
+    obsolete() = true;
+    load({product("a")});
+    {
+        shared::ui::dialog& asked = dialog("obsolete_cutter");
+        const answering cancel(asked, [&] { asked.on_cancel(); });
+        open_window();
+    }
+    EXPECT_TRUE(nui::engine().hasQuit());
+    // The page is complete all the same.
+    EXPECT_EQ(window_->focusedWidget->name, "install_button");
+}
+
+TEST_F(wizard_pages, say_which_widget_their_layout_lacks)
+{
+    use_models_of({product("a")});
+    const nui::test::LayoutFolder layout;
+    layout.write("page.json", "{'widgets': [{'class': 'end_tab', 'id': 'end_main', 'children': ["
+                              "{'class': 'TextLabel', 'name': 'finish_button', 'text': 'x'},"
+                              "{'class': 'Widget', 'name': 'install_success_message'}]}]}");
+    try {
+        nui::LayoutLoader("page.json").load();
+        FAIL() << "a message that is no label will not do";
+    } catch (const missing_widget& error) {
+        EXPECT_STREQ(error.what(), "The layout of end_main has no \"install_success_message\" of "
+                                   "the class that is needed.");
+    }
+}
+
+TEST_F(wizard_pages, share_their_models_with_their_copies)
+{
+    load({product("a")});
+    for (const char* const name : {"welcome_main", "installing_main", "end_main"}) {
+        EXPECT_NE(widgets_.at(name)->clone(), nullptr);
+    }
+    EXPECT_EQ(logged("Welcome tab cloning widget.") + logged("Welcome tab widget cloned."), 2);
+    EXPECT_EQ(logged("Cloning Installing Tab widget.") + logged("Installing Tab widget cloned."),
+              2);
+    EXPECT_EQ(logged("End Tab widgets cloning.") + logged("End Tab widgets cloned."), 2);
+    const auto copy =
+        std::dynamic_pointer_cast<installing_tab>(widgets_.at("installing_main")->clone());
+    EXPECT_EQ(&copy->get_model(), models_->installing.get());
+    EXPECT_EQ(log_.lines().back(), "Returning Installing Tab model.");
+}
+
+} // namespace
+} // namespace nrd::installer::ui
