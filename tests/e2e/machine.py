@@ -91,9 +91,13 @@ class Machine:
         key = f"HKLM\\{UNINSTALL}\\{name}"
         return self.registry(key).get(key.replace("HKLM", "HKEY_LOCAL_MACHINE"))
 
+    def log_folder(self, settings=None):
+        """Where logs lie below the user's settings, or below the folder that --prefs names."""
+        settings = settings or self.user / "AppData" / "Roaming"
+        return settings / "Tavrolen Corporation" / "log" / "installer"
+
     def log_files(self):
-        folder = self.user / "AppData" / "Roaming" / "Tavrolen Corporation" / "log" / "installer"
-        return sorted(folder.glob("*"))
+        return sorted(self.log_folder().glob("*"))
 
     def newest_log(self):
         """The lines of the newest log, without the place in the source and the colon behind."""

@@ -1,5 +1,6 @@
 """Packages as an author would make them, with the built programs three folders below the root."""
 
+import os
 import shutil
 import tempfile
 from pathlib import Path
@@ -42,7 +43,9 @@ class Package:
         programs = self.root / "installer" / PROGRAMS.parent.name / PROGRAMS.name
         programs.mkdir(parents=True)
         for name in ("setup", "setup_unattended"):
-            shutil.copy2(PROGRAMS / f"{name}{SUFFIX}", programs)
+            take(PROGRAMS / f"{name}{SUFFIX}", programs / f"{name}{SUFFIX}")
+        self.resources = programs / "resources"
+        self.resources.symlink_to(PROGRAMS / "resources")
         self.setup = programs / f"setup{SUFFIX}"
         self.unattended = programs / f"setup_unattended{SUFFIX}"
 
@@ -56,5 +59,20 @@ class Package:
             file.write_text(content, encoding="utf-8")
         return folder
 
+    def own_resources(self):
+        """Its folder of resources, from now on a copy that can be changed."""
+        if self.resources.is_symlink():
+            self.resources.unlink()
+            shutil.copytree(PROGRAMS / "resources", self.resources)
+        return self.resources
+
     def close(self):
         shutil.rmtree(self.root)
+
+
+def take(file, to):
+    """A second name for the file, where that can be had; else a copy."""
+    try:
+        os.link(file, to)
+    except OSError:
+        shutil.copy2(file, to)

@@ -2,27 +2,16 @@
 
 import json
 import os
-import shutil
 import subprocess
 import unittest
 
-from machine import IS_WINDOWS, Machine
-from package import FILES, FOUR_PACKAGES, VARS, Package, install_xml
-
-INSTALLED = {"one.txt": b"one", "folder/two.txt": b"two", "folder/deep/é漢.txt": b"three",
-             "last.txt": b"last"}
-TARGET = "Program Files/Trial"
+from blocking_program import BlockingProgram
+from machine import IS_WINDOWS
+from machine_case import INSTALLED, TARGET, MachineTest
+from package import FILES, FOUR_PACKAGES, VARS, install_xml
 
 
-class MachineTest(unittest.TestCase):
-    machine_facts = None
-
-    def setUp(self):
-        self.machine = Machine(self.machine_facts)
-        self.addCleanup(self.machine.close)
-        self.package = Package()
-        self.addCleanup(self.package.close)
-
+class UnattendedTest(MachineTest):
     def run_unattended(self, *args):
         return self.machine.run(self.package.unattended, *args)
 
@@ -44,7 +33,7 @@ class MachineTest(unittest.TestCase):
         return ended.stdout, json.loads(file.read_text(encoding="utf-8"))
 
 
-class Installs(MachineTest):
+class Installs(UnattendedTest):
     def test_a_clean_install_is_complete_and_listed(self):
         self.package.add(0, install_xml(rest="""
             <registry><key path="SOFTWARE\\Trial" name="Path" data="${APP_INSTALL_PATH}x"/></registry>
@@ -133,7 +122,7 @@ class Installs(MachineTest):
                          [f"[{n}/5]" for n in range(1, 6)])
 
 
-class Plans(MachineTest):
+class Plans(UnattendedTest):
     def test_a_plan_changes_nothing_and_an_install_does_just_what_it_says(self):
         self.package.add(0, install_xml(rest='<registry><key path="SOFTWARE\\Trial" name="a" '
                                              'data="b"/></registry>'))
@@ -210,7 +199,7 @@ class Plans(MachineTest):
         self.assertEqual(entry["before"], {"type": "REG_DWORD", "data": "7"})
 
 
-class Failures(MachineTest):
+class Failures(UnattendedTest):
     def test_a_faulty_package_is_told_in_a_sentence(self):
         self.expect(1, "no install.xml")
         folder = self.package.add(0, "<installation>\n<vars>\n</installation>")
@@ -291,25 +280,9 @@ class Failures(MachineTest):
     def test_a_running_program_blocks(self):
         self.package.add(0, install_xml(rest='<block_processes><p name="Blocking" os="win"/>'
                                              '<p name="Other.exe" os="all"/></block_processes>'))
-        blocking = self.package.root / "Blocking.exe"
-        if IS_WINDOWS:
-            self.machine.run("cmd", "/c", "exit")  # two programs must not start the machine at once
-            shutil.copy2(self.machine.drive / "windows" / "syswow64" / "cmd.exe", blocking)
-            command = self.machine.command(blocking, "/c", "pause")
-        else:
-            shutil.copy2("/bin/sleep", blocking)
-            command = [blocking, "60"]
-        running = subprocess.Popen(command, env=self.machine.environment, stdin=subprocess.PIPE,
-                                   stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
-        try:
-            if IS_WINDOWS:
-                running.stdout.read(1)  # it asks for a key, so it runs
+        with BlockingProgram(self.machine, self.package.root, "Blocking.exe"):
             self.expect(3, "Blocking")
             self.assertEqual(self.machine.files(TARGET), {})
-        finally:
-            if not IS_WINDOWS:
-                running.kill()
-            running.communicate(b"\n")
         self.assertEqual(self.run_unattended().returncode, 0)
 
     def test_a_missing_source_ends_a_first_install_where_it_is(self):
@@ -359,7 +332,7 @@ class Failures(MachineTest):
         self.assertIsNone(self.machine.uninstall_values("Trial"))
 
 
-class OldMachine(MachineTest):
+class OldMachine(UnattendedTest):
     """Only a machine folder can be a 32-bit Windows."""
 
     machine_facts = {"bits": 32}
@@ -373,7 +346,7 @@ class OldMachine(MachineTest):
         self.assertIn("32 bit COREL installer running on 32 bit Windows.", self.machine.newest_log())
 
 
-class RefusingMachine(MachineTest):
+class RefusingMachine(UnattendedTest):
     """Only a machine folder can refuse its administrator a key."""
 
     machine_facts = {"denied_keys": [r"SOFTWARE\Trial"]}
@@ -392,23 +365,3 @@ class RefusingMachine(MachineTest):
 
 if IS_WINDOWS:
     del OldMachine, RefusingMachine
-
-
-class Setup(MachineTest):
-    def test_the_start_up_ends_well_and_without_a_package_it_does_not(self):
-        self.assertEqual(self.machine.run(self.package.setup).returncode, 1)
-        self.assertEqual(self.machine.run(self.package.setup).returncode, 1)
-        self.assertEqual(self.machine.newest_log()[-2:],
-                         ["No xml to import.", "Configuring install locations failed."])
-        self.package.add(0, install_xml(packages=FOUR_PACKAGES))
-        self.assertEqual(self.machine.run(self.package.setup, "--lang", "de").returncode, 0)
-        (self.package.root / "0" / "product" / "install.xml").write_text("<installation>")
-        self.assertNotIn(self.machine.run(self.package.setup).returncode, (0, 1))
-
-    def test_without_a_screen_it_ends_before_anything_else(self):
-        self.package.add(0, install_xml(packages=FOUR_PACKAGES))
-        self.machine.environment["SDL_VIDEODRIVER"] = "none such"
-        for _ in range(2):
-            self.assertEqual(self.machine.run(self.package.setup).returncode, 1)
-        self.assertEqual(self.machine.newest_log()[-2:],
-                         ["SDL init fail.", "none such not available"])

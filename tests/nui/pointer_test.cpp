@@ -1,7 +1,9 @@
 #include "nui/engine/engine.h"
 #include "nui/events/dispatch.h"
 #include "nui/widgets/default_tool_tip.h"
+#include "support/file_content.h"
 #include "support/nui/event_log.h"
+#include "support/nui/layout.h"
 #include "support/nui/running_toolkit.h"
 
 #include <SDL.h>
@@ -259,6 +261,18 @@ TEST_F(pointer_test, a_tool_tip_waits_for_rest_and_shows_under_the_pointer)
     toolkit.move(10, 10);
     EXPECT_EQ(shown(), "");
     EXPECT_EQ(engine().tweens.size(), 0U);
+}
+
+TEST_F(pointer_test, a_tool_tip_speaks_the_language)
+{
+    const nrd::test::temp_folder folder;
+    nrd::test::write_file(folder / "texts", "key\ten\nabout below\tWhat is below\n");
+    engine().lang->load(nui::test::hostPath(folder / "texts"));
+    engine().lang->setLanguage("en");
+    toolkit.move(10, 60);
+    toolkit.clock.advance(1000);
+    toolkit.turn();
+    EXPECT_EQ(engine().toolTips.widget()->getText(), "What is below");
 }
 
 TEST_F(pointer_test, a_popup_closes_by_a_press_beside_it)

@@ -12,6 +12,12 @@ constexpr float FadeSeconds = 0.4F;
 /// Below the pointer's picture.
 constexpr float PointerHeight = 32;
 
+/// A text that the language does not know stands for itself.
+std::string textOf(const Engine& engine, const Widget& widget)
+{
+    return engine.lang ? engine.lang->getString(widget.toolTip) : widget.toolTip;
+}
+
 } // namespace
 
 void ToolTips::arm(std::uint64_t time, const std::shared_ptr<Screen>& owner)
@@ -34,7 +40,7 @@ void ToolTips::aimAt(Widget& widget)
     if (!isShowing())
         time_ = engine_.now() + RestTime;
     else
-        time_ = widget_->getText() == widget.toolTip ? AtOnce : AtOnceFading;
+        time_ = widget_->getText() == textOf(engine_, widget) ? AtOnce : AtOnceFading;
 }
 
 void ToolTips::restAgain()
@@ -62,7 +68,7 @@ void ToolTips::step(std::uint64_t now)
     if (!target || engine_.pointer.hover() != target)
         return;
     const bool fade = time_ != AtOnce;
-    show(target->toolTip, static_cast<float>(engine_.pointer.x()),
+    show(textOf(engine_, *target), static_cast<float>(engine_.pointer.x()),
          static_cast<float>(engine_.pointer.y()) + PointerHeight, fade);
 }
 

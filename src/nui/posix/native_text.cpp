@@ -18,6 +18,7 @@ constexpr const char* Ellipsis = "...";
 
 struct Unreference {
     void operator()(PangoContext* context) const { g_object_unref(context); }
+    void operator()(PangoAttrList* attributes) const { pango_attr_list_unref(attributes); }
     void operator()(PangoLayout* layout) const { g_object_unref(layout); }
     void operator()(PangoFontDescription* text) const { pango_font_description_free(text); }
     void operator()(PangoFontMetrics* metrics) const { pango_font_metrics_unref(metrics); }
@@ -65,6 +66,10 @@ Owned<PangoLayout> layoutOf(const NativeFace& face, std::string_view text)
     pango_layout_set_font_description(layout.get(), face.description.get());
     pango_layout_set_auto_dir(layout.get(), FALSE);
     pango_layout_set_wrap(layout.get(), PANGO_WRAP_WORD_CHAR);
+    // A name or a path that is cut anywhere must not get a hyphen that is not in it.
+    const Owned<PangoAttrList> attributes(pango_attr_list_new());
+    pango_attr_list_insert(attributes.get(), pango_attr_insert_hyphens_new(FALSE));
+    pango_layout_set_attributes(layout.get(), attributes.get());
     pango_layout_set_text(layout.get(), text.data(), static_cast<int>(text.size()));
     return layout;
 }

@@ -181,8 +181,9 @@ void welcome_tab::settle_first_layout()
     if (caret_placed_ || !(install_path_textfield_->width > least_laid_out_width)) {
         return;
     }
+    // Without the keyboard the field would show the path's beginning.
+    focus(*install_path_textfield_);
     install_path_textfield_->setCaret(behind_everything);
-    focus(*install_button_);
     caret_placed_ = true;
 }
 
@@ -195,6 +196,8 @@ void welcome_tab::browse()
     }
     installer_log("Welcome tab folder picked.");
     model_->take_picked_folder(*picked);
+    focus(*install_path_textfield_);
+    install_path_textfield_->setCaret(behind_everything);
 }
 
 void welcome_tab::close()

@@ -218,7 +218,7 @@ TEST_F(wizard_pages, install_once_whatever_bubbles_up_to_them)
     open({product("a")});
     EXPECT_EQ(window_->title(), "Install Product a");
     EXPECT_EQ(page(), "welcome_main");
-    EXPECT_EQ(window_->focusedWidget->name, "install_button");
+    EXPECT_EQ(window_->focusedWidget->name, "install_path_textfield");
     click("install_button");
     EXPECT_EQ(page(), "installing_main");
     nui::Widget& installing = find_widget<nui::Widget>(*window_, "progress_bar");
@@ -392,7 +392,7 @@ TEST_F(wizard_pages, warn_of_cutters_that_are_served_no_more)
     }
     EXPECT_TRUE(nui::engine().hasQuit());
     // The page is complete all the same.
-    EXPECT_EQ(window_->focusedWidget->name, "install_button");
+    EXPECT_EQ(window_->focusedWidget->name, "install_path_textfield");
 }
 
 TEST_F(wizard_pages, say_which_widget_their_layout_lacks)
