@@ -1,0 +1,272 @@
+"""Drives the wizard on an X display as its user does, with the pointer and the keyboard.
+
+What it waits for it waits for with a limit, and says what did not come. Text that the wizard draws
+cannot be read; what it does is told by its log, by its windows and by what it leaves behind.
+"""
+
+import csv
+import json
+import os
+import re
+import subprocess
+import tempfile
+import time
+from pathlib import Path
+
+SECONDS = 30
+POLL = 0.02
+PAGES = ("welcome_main", "installing_main", "end_main")
+DIALOGS = ("already_installed_dialog", "obsolete_cutter_dialog", "program_running_dialog")
+
+
+class WizardFailure(AssertionError):
+    """The wizard did not do what was waited for."""
+
+
+def wait_for(condition, what, seconds=SECONDS):
+    """The first answer of the condition that is not empty."""
+    limit = time.monotonic() + seconds
+    while time.monotonic() < limit:
+        answer = condition()
+        if answer:
+            return answer
+        time.sleep(POLL)
+    raise WizardFailure(f"after {seconds} s: {what}")
+
+
+def xdotool(*args):
+    """What it prints; empty if it finds nothing."""
+    ended = subprocess.run(["xdotool", *map(str, args)], check=False, timeout=SECONDS,
+                           stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                           stderr=subprocess.DEVNULL)
+    return ended.stdout.decode().strip()
+
+
+class Layout:
+    """Where the widgets of the pages and dialogs lie, as nui_preview measures them.
+
+    Measured once for each state of the resources, and kept in the folder of the build.
+    """
+
+    def __init__(self, preview, environment, resources, in_windows=False):
+        """`preview` is the command that runs nui_preview."""
+        self.preview, self.environment = preview, environment
+        self.resources, self.in_windows = Path(resources), in_windows
+        program = Path(preview[-1])
+        self.sources = [program, *sorted(self.resources.glob("ui/*.json")),
+                        self.resources / "langfile.txt"]
+        self.kept = self.resources.parents[4] / "widget_places"
+        with (self.resources / "langfile.txt").open(encoding="utf-8", newline="") as table:
+            rows = [row for row in csv.reader(table, delimiter="\t", quoting=csv.QUOTE_NONE) if row]
+        self.texts = {row[0]: dict(zip(rows[0][1:], row[1:])) for row in rows[1:]}
+
+    def text(self, key, lang):
+        """A text of the wizard in a language."""
+        text = self.texts[key][lang]
+        return self.texts[key]["en"] if text == "~" else text
+
+    def middle(self, shown, widget, lang):
+        """The middle of a widget on a page ("welcome_main") or dialog, in pixels of its window."""
+        places = self._places(shown, lang)
+        if widget not in places:
+            raise WizardFailure(f'there is no "{widget}" in {shown}')
+        x, y, width, height = places[widget]
+        return round(x + width / 2), round(y + height / 2)
+
+    def _places(self, shown, lang):
+        state = [[str(file), file.stat().st_mtime_ns] for file in self.sources]
+        file = self.kept / f"{shown}_{lang}.json"
+        if file.exists():
+            kept = json.loads(file.read_text(encoding="utf-8"))
+            if kept["state"] == state:
+                return kept["places"]
+        layout = "installer_window" if shown in PAGES else shown
+        measured = self._measure(layout, PAGES if shown in PAGES else [shown], lang)
+        self.kept.mkdir(exist_ok=True)
+        for name, places in measured.items():
+            text = json.dumps({"state": state, "places": places})
+            (self.kept / f"{name}_{lang}.json").write_text(text, encoding="utf-8")
+        return measured[shown]
+
+    def _measure(self, layout, names, lang):
+        with tempfile.TemporaryDirectory() as folder:
+            trees = {name: Path(folder) / f"{name}.json" for name in names}
+            script = Path(folder) / "script.txt"
+            script.write_text("".join(
+                (f"show {name}\n" if name in PAGES else "") + f"tree {self._name(tree)}\n"
+                for name, tree in trees.items()), encoding="utf-8")
+            command = [*self.preview, self._name(self.resources / "ui" / f"{layout}.json"),
+                       "--lang", lang, "--play", self._name(script)]
+            errors = Path(folder) / "errors.txt"
+            with errors.open("wb") as stream:
+                ended = subprocess.run(command, env=self.environment, check=False, timeout=SECONDS,
+                                       stdin=subprocess.DEVNULL, stdout=stream, stderr=stream)
+            if ended.returncode:
+                raise WizardFailure(f"{layout} cannot be measured: {errors.read_text()}")
+            return {name: dict(shown_places(json.loads(tree.read_text(encoding="utf-8"))))
+                    for name, tree in trees.items()}
+
+    def _name(self, file):
+        return f"Z:{file}" if self.in_windows else str(file)
+
+
+def shown_places(tree):
+    if tree["visibility"] == "Collapsed":
+        return
+    if tree["name"]:
+        yield tree["name"], [tree[key] for key in ("x", "y", "width", "height")]
+    for child in tree["children"]:
+        yield from shown_places(child)
+
+
+class Wizard:
+    """A wizard that runs; a window that is still open when the block ends is closed by force."""
+
+    def __init__(self, command, environment, log_folder, layout, product, lang="en"):
+        """`product` is the APP_NAME that stands in the window's title."""
+        self.layout, self.lang, self.title = layout, lang, f"Install {product}"
+        # Without its folder, the first run on a machine has no log.
+        self.log_folder = Path(log_folder)
+        self.log_folder.mkdir(parents=True, exist_ok=True)
+        self.logged_before = {file: file.stat().st_size for file in self.log_folder.iterdir()}
+        self.output = tempfile.TemporaryFile()
+        self.process = subprocess.Popen(command, env=environment, stdin=subprocess.DEVNULL,
+                                        stdout=self.output, stderr=self.output)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        if self.process.poll() is None:
+            self.process.kill()
+            self.process.wait()
+        self.output.close()
+
+    # What it tells.
+
+    def log(self):
+        """The lines of this run so far, without the place in the source and the colon behind."""
+        files = sorted(self.log_folder.iterdir())
+        if not files:
+            return []
+        known = self.logged_before.get(files[-1], 0)
+        text = files[-1].read_bytes()[known:].decode("utf-8", "replace")
+        lines = [line.rstrip("\r") for line in text.split("\n")]
+        return [line.split(": ", 1)[-1].removesuffix(":") for line in lines if line]
+
+    def printed(self):
+        """What it wrote to its console so far."""
+        return os.pread(self.output.fileno(), 1 << 24, 0).decode("utf-8", "replace")
+
+    def wait_for_line(self, line, count=1):
+        """Waits until the log has the line, or has it so often."""
+        def logged():
+            if self.log().count(line) >= count:
+                return True
+            if self.process.poll() is not None and self.log().count(line) < count:
+                self._fail(f'it ended {self.process.returncode} without the line "{line}"')
+            return False
+
+        try:
+            wait_for(logged, f'no line "{line}"')
+        except WizardFailure as failure:
+            self._fail(str(failure))
+
+    def wait_for_end(self):
+        """The exit status, once all its windows are gone and it has ended."""
+        try:
+            return self.process.wait(SECONDS)
+        except subprocess.TimeoutExpired:
+            return self._fail("it does not end")
+
+    def _fail(self, what):
+        end = "\n  ".join(self.log()[-15:])
+        raise WizardFailure(f"{what}; the log's end:\n  {end}\nprinted:\n{self.printed()[-2000:]}")
+
+    # Its windows.
+
+    def dialog_title(self, dialog):
+        return self.layout.text(dialog.replace("_dialog", "_title"), self.lang)
+
+    def window(self, shown="welcome_main"):
+        """The window of a page or dialog, once it is on the screen and stands still."""
+        title = self.dialog_title(shown) if shown in DIALOGS else self.title
+        found = self._wait_for_window(title)
+        places = []
+
+        def stands_still():
+            places.append(xdotool("getwindowgeometry", "--shell", found))
+            return len(places) > 3 and len(set(places[-3:])) == 1
+
+        wait_for(stands_still, f'the window "{title}" does not come to rest')
+        return found
+
+    def _wait_for_window(self, title):
+        def active():
+            if self.process.poll() is not None:
+                self._fail(f'it ended {self.process.returncode} without the window "{title}"')
+            return active_window(title)
+
+        try:
+            return wait_for(active, f'no window "{title}"')
+        except WizardFailure as failure:
+            return self._fail(str(failure))
+
+    def wait_for_page(self, page="welcome_main"):
+        """Its window, once the page can be used."""
+        self.wait_for_line({"welcome_main": "Attempting launch.",
+                            "installing_main": "Installing Tab visible.",
+                            "end_main": "End Tab showing."}[page])
+        return self.window(page)
+
+    def wait_until_closed(self, shown):
+        title = self.dialog_title(shown) if shown in DIALOGS else self.title
+        wait_for(lambda: not active_window(title), f'the window "{title}" stays open')
+
+    # What its user does.
+
+    def click(self, shown, widget):
+        """Moves the pointer onto a widget, and presses and releases the left button."""
+        x, y = self.layout.middle(shown, widget, self.lang)
+        xdotool("mousemove", "--window", self.window(shown), x, y, "click", 1)
+
+    def press(self, *keys):
+        """Hits keys, each with xdotool's name for it, for the window that has the keyboard."""
+        xdotool("key", *keys)
+
+    def write(self, text):
+        xdotool("type", "--delay", 1, "--", text)
+
+    def replace_folder(self, folder):
+        """Puts the text of the welcome page's field in place of what is there."""
+        self.click("welcome_main", "install_path_textfield")
+        self.press("ctrl+a")
+        if folder:
+            self.write(folder)
+        else:
+            self.press("Delete")
+
+    def close(self, shown="welcome_main"):
+        """Closes a window as its title bar would."""
+        xdotool("windowfocus", "--sync", self.window(shown), "key", "alt+F4")
+
+    def minimise(self):
+        """Its window, which must be given back to restore()."""
+        found = self.window()
+        xdotool("windowminimize", "--sync", found)
+        return found
+
+    def restore(self, window):
+        xdotool("windowactivate", "--sync", window)
+
+    def picture(self, shown, file):
+        """Writes what the window of a page or dialog shows, without its frame, into a PNG file."""
+        subprocess.run(["import", "-window", self.window(shown), str(file)], check=True,
+                       timeout=SECONDS, stdin=subprocess.DEVNULL)
+
+
+def active_window(title):
+    """The window that has the keyboard, if that is its title."""
+    found = xdotool("getactivewindow")
+    # A search goes by an older property, which holds no text of the East.
+    return found if found and xdotool("getwindowname", found) == title else None
