@@ -40,6 +40,8 @@ struct FrameSizes {
 
 /// Lets the system refuse clicks and keys of a window. Nothing where it has no such notion.
 void enableNativeWindow(SDL_Window* window, bool enable);
+/// Whether windows are told that they are hidden when they are only minimised.
+[[nodiscard]] bool minimizingHides();
 /// Replaces the minimise box bit (0x20000) of the window's style by `style`.
 void setMinimizeBoxStyle(SDL_Window* window, std::uint32_t style);
 

@@ -185,6 +185,7 @@ TEST_F(engine_test, minimized_and_hidden_windows_are_not_drawn)
     engine().draw(true);
     EXPECT_TRUE(screen->dirty);
     toolkit.windowEvent(SDL_WINDOWEVENT_RESTORED, *screen);
+    screen->window->hide();
     toolkit.windowEvent(SDL_WINDOWEVENT_HIDDEN, *screen);
     toolkit.windowEvent(SDL_WINDOWEVENT_SHOWN, *screen);
     engine().draw(true);

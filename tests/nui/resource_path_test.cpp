@@ -14,7 +14,7 @@ TEST(resource_path_test, an_absolute_or_empty_name_stands_alone_and_others_are_j
         {"C:\\a", "b.json", "C:\\a/b.json"},
         {"a/", "b.json", "a/b.json"},
         {"a\\", "b.json", "a\\b.json"},
-        {"a", "b\\c", "a/b\\c"},
+        {"a", "b\\c", "a/b/c"},
         {"", "b.json", "b.json"},
         {"a", "", ""},
         {"a", "/b", "/b"},

@@ -147,6 +147,7 @@ protected:
             {'class': 'Widget', 'id': 'hot', 'backgroundColor': '#ff0000'},
             {'class': 'TextButton', 'id': 'plain', 'backgroundColor': '#0000ff'}],
             'widgets': [{'class': 'Screen', 'id': 'screen', 'name': 'screen',
+                         'backgroundColor': '#000000',
             'windowWidth': 200, 'windowHeight': 100, 'form': true, 'children': [
                 {'template': 'plain', 'name': 'a', 'text': 'a', 'height': 20,
                  'default': true, 'overTemplate': 'hot'},

@@ -154,6 +154,7 @@ TEST_F(window_handle_test, window_events_are_noted)
     EXPECT_EQ(note(SDL_WINDOWEVENT_FOCUS_GAINED), "mouse keyboard ");
     EXPECT_EQ(note(SDL_WINDOWEVENT_LEAVE), "keyboard ");
     EXPECT_EQ(note(SDL_WINDOWEVENT_FOCUS_LOST), "");
+    window.hide();
     EXPECT_EQ(note(SDL_WINDOWEVENT_HIDDEN), "hidden ");
     window.noteEvent(SDL_WINDOWEVENT_MINIMIZED);
     EXPECT_EQ(note(SDL_WINDOWEVENT_SHOWN), "hidden ") << "no event takes hidden back";

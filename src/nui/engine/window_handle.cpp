@@ -102,11 +102,13 @@ void WindowHandle::show()
 {
     // The events of the window system only ever set the flag.
     hidden = false;
+    askedToHide_ = false;
     SDL_ShowWindow(sdlWindow());
 }
 
 void WindowHandle::hide()
 {
+    askedToHide_ = true;
     SDL_HideWindow(sdlWindow());
 }
 
@@ -118,6 +120,11 @@ void WindowHandle::raise()
 void WindowHandle::setTitle(const std::string& title)
 {
     SDL_SetWindowTitle(sdlWindow(), title.c_str());
+}
+
+bool WindowHandle::isMaximized() const
+{
+    return (SDL_GetWindowFlags(sdlWindow()) & SDL_WINDOW_MAXIMIZED) != 0;
 }
 
 void WindowHandle::setSize(std::int32_t width, std::int32_t height)
@@ -152,7 +159,8 @@ void WindowHandle::noteEvent(std::uint8_t windowEvent)
 {
     switch (windowEvent) {
     case SDL_WINDOWEVENT_HIDDEN:
-        hidden = true;
+        // What no event would take back must not come from a window that will be restored.
+        hidden = hidden || askedToHide_ || !minimizingHides();
         break;
     case SDL_WINDOWEVENT_MINIMIZED:
         minimized = true;

@@ -38,6 +38,7 @@ public:
     void hide();
     void raise();
     void setTitle(const std::string& title);
+    [[nodiscard]] bool isMaximized() const;
     void setSize(std::int32_t width, std::int32_t height);
     void center();
     /// Asks for the drawable size again; answers whether it changed.
@@ -68,6 +69,7 @@ private:
 
     std::unique_ptr<SDL_Window, DestroyWindow> window_;
     std::uint32_t id_ = 0;
+    bool askedToHide_ = false; ///< by the program, where the system may hide a window too
 };
 
 } // namespace nui

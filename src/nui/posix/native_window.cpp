@@ -42,6 +42,11 @@ Rect outerRect(SDL_Window* window)
             client.height + frame.top + frame.bottom};
 }
 
+bool minimizingHides()
+{
+    return true; // X unmaps them
+}
+
 void enableNativeWindow(SDL_Window* /*window*/, bool /*enable*/) {}
 
 void setMinimizeBoxStyle(SDL_Window* /*window*/, std::uint32_t /*style*/) {}

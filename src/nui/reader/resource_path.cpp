@@ -1,5 +1,7 @@
 #include "nui/reader/resource_path.h"
 
+#include <algorithm>
+
 namespace nui {
 
 namespace {
@@ -23,7 +25,10 @@ std::string joinPath(std::string_view base, std::string_view name)
     std::string path(base);
     if (!isSeparator(path.back()))
         path += '/';
-    return path.append(name);
+    const std::size_t begin = path.size();
+    path.append(name);
+    std::replace(path.begin() + static_cast<std::ptrdiff_t>(begin), path.end(), '\\', '/');
+    return path;
 }
 
 } // namespace nui

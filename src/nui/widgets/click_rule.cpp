@@ -25,12 +25,15 @@ void onRelease(WidgetEvent& event)
 
 void onKeyDown(WidgetEvent& event)
 {
-    const std::int32_t key = static_cast<const KeyboardEvent&>(event).key;
+    const auto& pressed = static_cast<const KeyboardEvent&>(event);
+    const std::int32_t key = pressed.key;
     const bool activates = key == SDLK_RETURN || key == SDLK_KP_ENTER || key == SDLK_SPACE;
     if (!activates || !event.target->isChainEnabled())
         return;
     event.consume();
-    raiseActivate(*event.target);
+    // A key that is held would go on to what the activation has brought up.
+    if (!pressed.repeat)
+        raiseActivate(*event.target);
 }
 
 } // namespace

@@ -130,7 +130,7 @@ void Form::onKey(WidgetEvent& event)
         return;
     if (key.key == SDLK_TAB)
         static_cast<const Form*>(event.user)->moveFocus(sender, !backward);
-    else if (key.key == SDLK_RETURN || key.key == SDLK_KP_ENTER)
+    else if ((key.key == SDLK_RETURN || key.key == SDLK_KP_ENTER) && !key.repeat)
         activateDefault(sender);
 }
 

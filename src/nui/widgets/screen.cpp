@@ -107,7 +107,8 @@ void Screen::place()
 
 void Screen::finishFirstPlacing()
 {
-    window->setSize(wholePixels(width), wholePixels(height));
+    if (!window->isMaximized()) // its size is the system's
+        window->setSize(wholePixels(width), wholePixels(height));
     if (gravity == Placement::Center || alignment == Placement::Center)
         window->center();
     // SDL tells of no resize that the program asked for itself.

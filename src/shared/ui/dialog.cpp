@@ -2,6 +2,7 @@
 
 #include "nui/engine/engine.h"
 #include "nui/events/dispatch.h"
+#include "shared/ui/first_keys.h"
 
 #include <SDL_keycode.h>
 #include <SDL_video.h>
@@ -48,6 +49,7 @@ void dialog::init(nui::WidgetPack& /*pack*/, nui::WidgetMap& /*widgets*/)
     title_container_ = findByName("title_container");
     ok_button_ = findByName("ok_button");
     cancel_button_ = findByName("cancel_button");
+    let_keys_begin(*this);
     nui::Widget* const user = this;
     if (ok_button_ != nullptr)
         nui::subscribe(*ok_button_, nui::plain_event::Activate, onOkClick, user);
@@ -114,6 +116,11 @@ void show(const std::shared_ptr<dialog>& shown)
     shown->openWindow();
     engine.addScreen(shown);
     engine.screens.makeCurrent(shown);
+    // What was pressed when it was shown last is not so any more.
+    for (nui::Widget* const button : {shown->ok_button_, shown->cancel_button_}) {
+        if (button != nullptr)
+            button->resetState();
+    }
     // Return answers, and Tab has a place to start from.
     if (nui::Widget* const first =
             shown->ok_button_ != nullptr ? shown->ok_button_ : shown->cancel_button_) {

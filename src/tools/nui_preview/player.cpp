@@ -133,7 +133,7 @@ void player::run(const focus_widget& focus)
 {
     const nui::WidgetPtr widget = find(focus.name);
     nui::engine().setFocus(widget);
-    if (screen()->focusedWidget != widget) {
+    if (!widget->contains(screen()->focusedWidget.get())) {
         fail("The widget \"" + focus.name + "\" cannot have the focus, as its window has not.");
     }
     turn();

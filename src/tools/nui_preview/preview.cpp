@@ -175,6 +175,9 @@ bool preview::open_layout()
     if (!loaded.screen) {
         return false;
     }
+    // The author is in an editor while the file changes.
+    const bool in_front = !screen_ || screen_->window->keyboardFocus;
+    SDL_SetHint(SDL_HINT_WINDOW_NO_ACTIVATION_WHEN_SHOWN, in_front ? "0" : "1");
     loaded.screen->openWindow();
     if (!loaded.screen->isOpen()) {
         throw failure("The window could not be opened: " + reason_of(last_log_line()) + ".");

@@ -4,6 +4,7 @@
 #include "inst/installer/model/installer_window_model.h"
 #include "inst/installer/ui/find_widget.h"
 #include "nui/widgets/pages_container.h"
+#include "shared/ui/first_keys.h"
 #include "streams/installer_log.h"
 
 #include <utility>
@@ -32,9 +33,15 @@ void installer_window::init(nui::WidgetPack& pack, nui::WidgetMap& /*widgets*/)
 {
     installer_log("Installer window initialising.");
     const auto found = pack.widgets.find("tab_holder");
-    require<nui::PagesContainer>(found == pack.widgets.end() ? nullptr : found->second.get(),
-                                 "installer_main", "tab_holder")
-        .show("welcome_main");
+    auto& pages =
+        require<nui::PagesContainer>(found == pack.widgets.end() ? nullptr : found->second.get(),
+                                     "installer_main", "tab_holder");
+    // A page whose file is missing or faulty would only be noticed when it is to be shown.
+    for (const char* const page : {"welcome_main", "installing_main", "end_main"}) {
+        require<nui::Container>(pages.findChild(page).get(), "tab_holder", page);
+    }
+    pages.show("welcome_main");
+    shared::ui::let_keys_begin(*this);
     setTitle("Install " + misc::to_utf8(app().name()));
     installer_log("Installer window initialised.");
 }

@@ -1,6 +1,7 @@
 #include "inst/installer/ui/release_action.h"
 
 #include "nui/events/dispatch.h"
+#include "nui/widgets/widget.h"
 
 #include <utility>
 
@@ -31,7 +32,11 @@ void release_action::on_release_begins(nui::WidgetEvent& event)
 void release_action::on_release(nui::WidgetEvent& event)
 {
     self(event).releasing_ = false;
-    self(event).action_();
+    // A button that was pressed hears of the release wherever it comes.
+    const auto& release = static_cast<const nui::TouchEvent&>(event);
+    if (event.target->isHitAt(release.x, release.y)) {
+        self(event).action_();
+    }
 }
 
 void release_action::on_activate(nui::WidgetEvent& event)

@@ -3,6 +3,7 @@
 #include "misc/host_file_system.h"
 #include "streams/installer_log.h"
 
+#include <SDL_events.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -21,6 +22,8 @@ struct close_file {
     void operator()(std::FILE* file) const { std::fclose(file); }
 };
 using file_ptr = std::unique_ptr<std::FILE, close_file>;
+
+constexpr int cancelled = 1; // exit status of all of them
 
 /// What a program that ran to its end has printed, and its exit status.
 struct answer {
@@ -95,10 +98,16 @@ std::optional<misc::path> pick_folder(const misc::path& start)
         while (given->text.ends_with('\n')) {
             given->text.pop_back();
         }
-        if (given->status != 0 || given->text.empty()) {
+        // What was done to the window meanwhile was not meant for it.
+        SDL_PumpEvents();
+        SDL_FlushEvents(SDL_KEYDOWN, SDL_MOUSEWHEEL);
+        if (WIFEXITED(given->status) && WEXITSTATUS(given->status) == cancelled) {
             return std::nullopt;
         }
-        return misc::from_host(given->text);
+        if (given->status == 0 && !given->text.empty()) {
+            return misc::from_host(given->text);
+        }
+        installer_log("The folder picker " + command.front() + " has failed.");
     }
     installer_log("The system has no folder picker.");
     return std::nullopt;

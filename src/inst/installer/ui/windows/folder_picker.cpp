@@ -50,9 +50,11 @@ com_ptr<IFileOpenDialog> make_dialog()
 
 void begin_in(IFileOpenDialog& dialog, const misc::path& start)
 {
+    misc::path folder_name = start;
+    folder_name.make_preferred(); // the shell knows no other separators
     void* found = nullptr;
-    if (!start.empty() &&
-        SUCCEEDED(SHCreateItemFromParsingName(start.c_str(), nullptr, IID_IShellItem, &found))) {
+    if (!start.empty() && SUCCEEDED(SHCreateItemFromParsingName(folder_name.c_str(), nullptr,
+                                                                IID_IShellItem, &found))) {
         const com_ptr<IShellItem> folder(static_cast<IShellItem*>(found));
         dialog.SetFolder(folder.get());
     }
