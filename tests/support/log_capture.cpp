@@ -40,6 +40,7 @@ void log_capture::notify(const char*, std::size_t, const char* text, std::size_t
             line.remove_suffix(1);
         }
     }
+    const std::scoped_lock lock(writing_);
     lines_.push_back(without_position(line));
 }
 

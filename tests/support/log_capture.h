@@ -2,6 +2,7 @@
 
 #include "streams/stream.h"
 
+#include <mutex>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,6 +27,7 @@ public:
     [[nodiscard]] bool contains(std::string_view line) const;
 
 private:
+    std::mutex writing_; ///< a worker logs while the test's thread does
     std::vector<std::string> lines_;
 };
 
