@@ -17,14 +17,16 @@ UNINSTALL = r"SOFTWARE\Microsoft\Windows\CurrentVersion\Uninstall"
 
 
 class Machine:
-    """Fresh when it is made; gone after close()."""
+    """Fresh when it is made and gone after close(), unless it is one that is there and kept."""
 
-    def __init__(self, facts=None):
-        self.folder = Path(tempfile.mkdtemp(prefix="vs5_machine_"))
+    def __init__(self, facts=None, kept=None):
+        """`kept` is the folder of a machine that was made before."""
+        self.folder = Path(kept or tempfile.mkdtemp(prefix="vs5_machine_"))
         self.environment = dict(os.environ)
         if IS_WINDOWS:
-            self.folder.rmdir()
-            subprocess.run([SCRIPTS / "wine_prefix", "copy", self.folder], check=True)
+            if not kept:
+                self.folder.rmdir()
+                subprocess.run([SCRIPTS / "wine_prefix", "copy", self.folder], check=True)
             self.environment["WINEPREFIX"] = str(self.folder)
             self.drive = self.folder / "drive_c"
             self.user = self.drive / "users" / os.environ.get("USER", "root")
@@ -34,13 +36,17 @@ class Machine:
             self.environment["VS5_MACHINE"] = str(self.folder)
             self.drive = self.folder / "c"
             self.user = self.drive / "Users" / "user"
-            self.drive.mkdir()
+            self.drive.mkdir(exist_ok=True)
             if facts:
                 (self.folder / "machine.json").write_text(json.dumps(facts), encoding="utf-8")
 
-    def close(self):
+    def stop(self):
+        """Ends all that runs on it."""
         if IS_WINDOWS:
             subprocess.run([SCRIPTS / "wine_prefix", "stop", self.folder], check=True)
+
+    def close(self):
+        self.stop()
         shutil.rmtree(self.folder)
 
     def command(self, program, *args):

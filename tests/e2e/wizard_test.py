@@ -1,18 +1,15 @@
 """The wizard from outside: pointer and keys go in; files, registry, log and exit status come out."""
 
 import json
-import os
 import time
 import unittest
-from pathlib import Path
 
 from blocking_program import BlockingProgram
-from machine import IS_WINDOWS, PROGRAMS, SUFFIX, TOOLS, Machine
+from machine import IS_WINDOWS, PROGRAMS, SUFFIX, TOOLS
 from machine_case import INSTALLED, TARGET, MachineTest
 from package import FILES, FOUR_PACKAGES, VARS, install_xml
-from wizard import Layout, Wizard
+from wizard import Wizard
 
-SAMPLE = Path(os.environ["VS5_PACKAGE"])
 NEVER_STARTED = 1
 # As the systems spell them: what is refused is compared letter by letter.
 WINDOWS = "C:\\windows" if IS_WINDOWS else "C:\\Windows"
@@ -81,11 +78,8 @@ class WizardTest(MachineTest):
 
     def start(self, *args, setup=None, lang="en", settings=None):
         """The running wizard; `settings` is what --prefs names, if anything."""
-        machine = self.machine
-        layout = Layout(machine.command(PROGRAMS / f"nui_preview{SUFFIX}"), machine.environment,
-                        PROGRAMS / "resources", IS_WINDOWS)
-        return Wizard(machine.command(setup or self.package.setup, *args), machine.environment,
-                      machine.log_folder(settings), layout, self.product, lang)
+        return Wizard(self.machine, setup or self.package.setup, *args, product=self.product,
+                      lang=lang, settings=settings)
 
     def expect_end(self, wizard, *stories):
         """It ends well, and has logged these stories one behind the other."""

@@ -5,17 +5,16 @@ cannot be read; what it does is told by its log, by its windows and by what it l
 """
 
 import csv
-import json
 import os
-import re
 import subprocess
 import tempfile
 import time
-from pathlib import Path
+
+from layout import RESOURCES, Layout
+from picture import Picture
 
 SECONDS = 30
 POLL = 0.02
-PAGES = ("welcome_main", "installing_main", "end_main")
 DIALOGS = ("already_installed_dialog", "obsolete_cutter_dialog", "program_running_dialog")
 
 
@@ -34,6 +33,13 @@ def wait_for(condition, what, seconds=SECONDS):
     raise WizardFailure(f"after {seconds} s: {what}")
 
 
+def read_texts():
+    """The table of the wizard's texts: {key: {language: text}}."""
+    with (RESOURCES / "langfile.txt").open(encoding="utf-8", newline="") as table:
+        rows = [row for row in csv.reader(table, delimiter="\t", quoting=csv.QUOTE_NONE) if row]
+    return {row[0]: dict(zip(rows[0][1:], row[1:])) for row in rows[1:]}
+
+
 def xdotool(*args):
     """What it prints; empty if it finds nothing."""
     ended = subprocess.run(["xdotool", *map(str, args)], check=False, timeout=SECONDS,
@@ -42,96 +48,21 @@ def xdotool(*args):
     return ended.stdout.decode().strip()
 
 
-class Layout:
-    """Where the widgets of the pages and dialogs lie, as nui_preview measures them.
-
-    Measured once for each state of the resources, and kept in the folder of the build.
-    """
-
-    def __init__(self, preview, environment, resources, in_windows=False):
-        """`preview` is the command that runs nui_preview."""
-        self.preview, self.environment = preview, environment
-        self.resources, self.in_windows = Path(resources), in_windows
-        program = Path(preview[-1])
-        self.sources = [program, *sorted(self.resources.glob("ui/*.json")),
-                        self.resources / "langfile.txt"]
-        self.kept = self.resources.parents[4] / "widget_places"
-        with (self.resources / "langfile.txt").open(encoding="utf-8", newline="") as table:
-            rows = [row for row in csv.reader(table, delimiter="\t", quoting=csv.QUOTE_NONE) if row]
-        self.texts = {row[0]: dict(zip(rows[0][1:], row[1:])) for row in rows[1:]}
-
-    def text(self, key, lang):
-        """A text of the wizard in a language."""
-        text = self.texts[key][lang]
-        return self.texts[key]["en"] if text == "~" else text
-
-    def middle(self, shown, widget, lang):
-        """The middle of a widget on a page ("welcome_main") or dialog, in pixels of its window."""
-        places = self._places(shown, lang)
-        if widget not in places:
-            raise WizardFailure(f'there is no "{widget}" in {shown}')
-        x, y, width, height = places[widget]
-        return round(x + width / 2), round(y + height / 2)
-
-    def _places(self, shown, lang):
-        state = [[str(file), file.stat().st_mtime_ns] for file in self.sources]
-        file = self.kept / f"{shown}_{lang}.json"
-        if file.exists():
-            kept = json.loads(file.read_text(encoding="utf-8"))
-            if kept["state"] == state:
-                return kept["places"]
-        layout = "installer_window" if shown in PAGES else shown
-        measured = self._measure(layout, PAGES if shown in PAGES else [shown], lang)
-        self.kept.mkdir(exist_ok=True)
-        for name, places in measured.items():
-            text = json.dumps({"state": state, "places": places})
-            (self.kept / f"{name}_{lang}.json").write_text(text, encoding="utf-8")
-        return measured[shown]
-
-    def _measure(self, layout, names, lang):
-        with tempfile.TemporaryDirectory() as folder:
-            trees = {name: Path(folder) / f"{name}.json" for name in names}
-            script = Path(folder) / "script.txt"
-            script.write_text("".join(
-                (f"show {name}\n" if name in PAGES else "") + f"tree {self._name(tree)}\n"
-                for name, tree in trees.items()), encoding="utf-8")
-            command = [*self.preview, self._name(self.resources / "ui" / f"{layout}.json"),
-                       "--lang", lang, "--play", self._name(script)]
-            errors = Path(folder) / "errors.txt"
-            with errors.open("wb") as stream:
-                ended = subprocess.run(command, env=self.environment, check=False, timeout=SECONDS,
-                                       stdin=subprocess.DEVNULL, stdout=stream, stderr=stream)
-            if ended.returncode:
-                raise WizardFailure(f"{layout} cannot be measured: {errors.read_text()}")
-            return {name: dict(shown_places(json.loads(tree.read_text(encoding="utf-8"))))
-                    for name, tree in trees.items()}
-
-    def _name(self, file):
-        return f"Z:{file}" if self.in_windows else str(file)
-
-
-def shown_places(tree):
-    if tree["visibility"] == "Collapsed":
-        return
-    if tree["name"]:
-        yield tree["name"], [tree[key] for key in ("x", "y", "width", "height")]
-    for child in tree["children"]:
-        yield from shown_places(child)
-
-
 class Wizard:
-    """A wizard that runs; a window that is still open when the block ends is closed by force."""
+    """A wizard that runs on a machine; it is ended by force if it still does when the block ends."""
 
-    def __init__(self, command, environment, log_folder, layout, product, lang="en"):
-        """`product` is the APP_NAME that stands in the window's title."""
-        self.layout, self.lang, self.title = layout, lang, f"Install {product}"
+    def __init__(self, machine, program, *args, product, lang="en", settings=None):
+        """`product` is the APP_NAME in the window's title, `settings` the folder of --prefs."""
+        self.layout = Layout(machine)
+        self.lang, self.title = lang, f"Install {product}"
         # Without its folder, the first run on a machine has no log.
-        self.log_folder = Path(log_folder)
+        self.log_folder = machine.log_folder(settings)
         self.log_folder.mkdir(parents=True, exist_ok=True)
         self.logged_before = {file: file.stat().st_size for file in self.log_folder.iterdir()}
         self.output = tempfile.TemporaryFile()
-        self.process = subprocess.Popen(command, env=environment, stdin=subprocess.DEVNULL,
-                                        stdout=self.output, stderr=self.output)
+        self.process = subprocess.Popen(machine.command(program, *args), env=machine.environment,
+                                        stdin=subprocess.DEVNULL, stdout=self.output,
+                                        stderr=self.output)
 
     def __enter__(self):
         return self
@@ -172,6 +103,16 @@ class Wizard:
         except WizardFailure as failure:
             self._fail(str(failure))
 
+    def wait_for_copies(self, count):
+        """Waits until so many files were copied, or begun."""
+        wait_for(lambda: self.printed().count("id:installing") >= count, f"no {count} files")
+
+    def is_already_installed(self):
+        """Whether it asks before its first page; waits until it has found out."""
+        lines = ("Software already installed.", "Reg key not found.")
+        return wait_for(lambda: [line for line in lines if line in self.log()],
+                        "it does not look for an older installation")[0] == lines[0]
+
     def wait_for_end(self):
         """The exit status, once all its windows are gone and it has ended."""
         try:
@@ -186,7 +127,7 @@ class Wizard:
     # Its windows.
 
     def dialog_title(self, dialog):
-        return self.layout.text(dialog.replace("_dialog", "_title"), self.lang)
+        return read_texts()[dialog.replace("_dialog", "_title")][self.lang]
 
     def window(self, shown="welcome_main"):
         """The window of a page or dialog, once it is on the screen and stands still."""
@@ -261,8 +202,14 @@ class Wizard:
 
     def picture(self, shown, file):
         """Writes what the window of a page or dialog shows, without its frame, into a PNG file."""
-        subprocess.run(["import", "-window", self.window(shown), str(file)], check=True,
-                       timeout=SECONDS, stdin=subprocess.DEVNULL)
+        window = self.window(shown)
+
+        def has_colours():
+            subprocess.run(["import", "-window", window, f"PNG24:{file}"], check=True,
+                           timeout=SECONDS, stdin=subprocess.DEVNULL)
+            return len(set(Picture(file).rows)) > 1
+
+        wait_for(has_colours, f"{shown} is not drawn")
 
 
 def active_window(title):
