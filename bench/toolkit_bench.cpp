@@ -126,6 +126,53 @@ void measure_layout()
                 each[2] / each[1]);
 }
 
+/// Containers in each other, each with a widget beside the next one.
+std::shared_ptr<Container> nested(int depth, SizeMode mode)
+{
+    const auto root = std::make_shared<Container>();
+    root->widthMode = root->heightMode = nui::Px;
+    root->widthValue = root->heightValue = 2000;
+    Container* outer = root.get();
+    for (int level = 0; level < depth; ++level) {
+        const auto leaf = std::make_shared<Widget>();
+        leaf->widthMode = leaf->heightMode = nui::Px;
+        leaf->widthValue = leaf->heightValue = 10;
+        outer->add(leaf);
+        const auto inner = std::make_shared<Container>();
+        inner->widthMode = inner->heightMode = mode;
+        inner->padding.left = inner->padding.top = 1;
+        inner->layoutKind =
+            level % 2 == 0 ? nui::LayoutKind::Horizontal : nui::LayoutKind::Vertical;
+        outer->add(inner);
+        outer = inner.get();
+    }
+    return root;
+}
+
+void measure_depth()
+{
+    struct kind {
+        const char* name;
+        SizeMode mode;
+    };
+    for (const kind& each : {kind{"by weight", nui::Weight}, kind{"by content", nui::Content}}) {
+        std::array<double, 3> level = {};
+        std::size_t place = 0;
+        for (const int depth : {10, 20, 40}) {
+            const std::shared_ptr<Container> root = nested(depth, each.mode);
+            const double time = microseconds([&] {
+                root->layout(nui::layout_flag::First);
+                root->place();
+            });
+            level[place++] = time / depth;
+            std::printf("full layout %2d deep, %-10s        %10.1f us, %6.3f us a level\n", depth,
+                        each.name, time, time / depth);
+        }
+        std::printf("a level of 40 / a level of 10:         %10.2f  (aim: 1.25 or less)\n",
+                    level[2] / level[0]);
+    }
+}
+
 /// A flat page of widgets that are all visible, in a window.
 std::shared_ptr<nui::Screen> open_page(int widgets)
 {
@@ -222,6 +269,7 @@ int main(int /*argc*/, char* /*argv*/[])
     SDL_Init(SDL_INIT_VIDEO);
     nui::Engine::start("");
     measure_layout();
+    measure_depth();
     measure_frames();
     measure_loading();
     nui::Engine::close();

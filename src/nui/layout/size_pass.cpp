@@ -26,7 +26,26 @@ bool Container::layout(std::uint32_t flags)
         return true;
     if (forced)
         layoutValid_ = false;
+    const LayoutPass pass;
+    return (flags & layout_flag::SizeOnly) != 0 ? learnSize(flags) : sizeChildren(flags);
+}
 
+/// The own size alone. Two passes at each level would double the work with each, so what the
+/// first one finds out is kept for the whole pass from the root.
+bool Container::learnSize(std::uint32_t flags)
+{
+    if (isToBeMeasured()) {
+        const KnownSizes::Given given(width, height, flags);
+        if (!knownSizes_.recall(given, width, height)) {
+            sizeChildren(flags);
+            knownSizes_.keep(given, width, height);
+        }
+    }
+    return width >= 0 && height >= 0;
+}
+
+bool Container::sizeChildren(std::uint32_t flags)
+{
     // Listeners that change the tree meanwhile must not disturb the pass.
     const std::vector<WidgetPtr> children = children_;
     const Axis main = mainAxis();
@@ -74,7 +93,11 @@ void Container::sizeChild(Widget& child, std::uint32_t flags, float& remaining, 
                 child.extent(main) = provisional;
         }
     }
-    child.layout((flags & layout_flag::CarriedMask) | layout_flag::Force);
+    std::uint32_t childFlags = (flags & layout_flag::CarriedMask) | layout_flag::Force;
+    // All of it is laid out anew in the second pass.
+    if ((flags & layout_flag::Force) != 0 && child.visibility != visibility::Collapsed)
+        childFlags |= layout_flag::SizeOnly;
+    child.layout(childFlags);
 
     // A percent child leaves its room to the weighted ones, so that the two may overlap.
     if (mainMode == Percent)

@@ -269,7 +269,8 @@ bool Breadcrumbs::layout(std::uint32_t flags)
         return true;
     // All are measured, and then so many hidden as have no room; the last one stays.
     showFrom(0, true);
-    const bool known = Container::layout(flags);
+    // The sizes of the parts are read below, so they must be the ones for this width.
+    const bool known = Container::layout(flags & ~layout_flag::SizeOnly);
     const float withMore = wantedWidth();
     showFrom(0, false);
     if (widthMode == Content)

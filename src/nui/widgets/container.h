@@ -1,5 +1,6 @@
 #pragma once
 
+#include "nui/layout/known_sizes.h"
 #include "nui/widgets/form.h"
 #include "nui/widgets/reloadable_text.h"
 #include "nui/widgets/widget.h"
@@ -113,6 +114,8 @@ private:
     void adopt(const Container& other);
     void readChildren(NuiReader& reader);
     // layout/size_pass.cpp
+    [[nodiscard]] bool learnSize(std::uint32_t flags);
+    bool sizeChildren(std::uint32_t flags);
     void sizeChild(Widget& child, std::uint32_t flags, float& remaining, float& weightTotal);
     void sizeAcross(Widget& child);
     [[nodiscard]] float provisionalWeightSize(const Widget& child);
@@ -133,6 +136,7 @@ private:
     float dragOriginY_ = 0;
     bool dragEvents_ = false;
     bool layoutValid_ = false;
+    KnownSizes knownSizes_;
 };
 
 } // namespace nui

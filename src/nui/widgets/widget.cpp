@@ -76,16 +76,21 @@ bool Widget::layout(std::uint32_t /*flags*/)
 
 bool Widget::measureUnknown()
 {
+    if (isToBeMeasured())
+        measure();
+    return width >= 0 && height >= 0;
+}
+
+bool Widget::isToBeMeasured() const
+{
+    if (visibility == visibility::Collapsed)
+        return false;
     // Measuring one axis may rest on the other, so an axis is measured by content only when the
     // other one is known or is measured along with it.
-    if (visibility != visibility::Collapsed) {
-        const bool widthUnknown = widthMode == Content && width < 0;
-        const bool heightUnknown = heightMode == Content && height < 0;
-        if ((widthUnknown && height >= 0) || (heightUnknown && width >= 0) ||
-            (widthUnknown && heightUnknown))
-            measure();
-    }
-    return width >= 0 && height >= 0;
+    const bool widthUnknown = widthMode == Content && width < 0;
+    const bool heightUnknown = heightMode == Content && height < 0;
+    return (widthUnknown && height >= 0) || (heightUnknown && width >= 0) ||
+           (widthUnknown && heightUnknown);
 }
 
 bool Widget::readOverrides(NuiReader& reader, bool /*skipSelf*/)

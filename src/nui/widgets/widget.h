@@ -162,6 +162,8 @@ protected:
     /// What layout() of a plain widget does: measures what is sized by content and isn't known
     /// yet. False while a side is not known.
     bool measureUnknown();
+    /// Whether measureUnknown() has something to measure.
+    [[nodiscard]] bool isToBeMeasured() const;
 
 private:
     void drawBorder() const;
@@ -175,6 +177,9 @@ constexpr std::uint32_t Force = 1;
 constexpr std::uint32_t ResolveOwnWidth = 2;
 constexpr std::uint32_t ResolveOwnHeight = 4;
 constexpr std::uint32_t ResolveOwnSize = ResolveOwnWidth | ResolveOwnHeight;
+/// With Force: the caller wants to know the widget's own size, and lays it out again, without
+/// this bit, before anything else of it is read. What is inside may be left as it is.
+constexpr std::uint32_t SizeOnly = 16;
 constexpr std::uint32_t CarriedMask = ~7U;
 constexpr std::uint32_t First = 15;
 constexpr std::uint32_t Again = 7;
