@@ -25,7 +25,6 @@ public:
 
     /// In bytes from the start; what is none of the document's comes behind all.
     [[nodiscard]] std::size_t offsetOf(const Json& value) const;
-    [[nodiscard]] Place placeOf(const Json& value) const { return placeAt(offsetOf(value)); }
     [[nodiscard]] Place placeAt(std::size_t offset) const;
 
 private:

@@ -12,28 +12,33 @@ LayoutDiagnostics::LayoutDiagnostics(const FaultListener& listener, std::string 
 }
 
 void LayoutDiagnostics::report(LayoutFault::Kind kind, const Json& at, const std::string& key,
-                               const std::string& detail) const
+                               const std::string& detail)
 {
-    const JsonPlaces::Place place = places_.placeOf(at);
-    listener_({kind, path_, key, detail, place.line, place.column});
+    const std::size_t offset = places_.offsetOf(at);
+    const JsonPlaces::Place place = places_.placeAt(offset);
+    faults_.push_back({offset, {kind, path_, key, detail, place.line, place.column}});
 }
 
-void LayoutDiagnostics::reportUnreadKeys() const
+void LayoutDiagnostics::tell()
 {
-    std::vector<const Json*> names;
+    std::ranges::stable_sort(faults_, {}, &std::pair<std::size_t, LayoutFault>::first);
+    for (const auto& [offset, fault] : faults_)
+        listener_(fault);
+    faults_.clear();
+}
+
+void LayoutDiagnostics::reportUnreadKeys()
+{
+    // An object may have been noted by several who read it.
+    std::unordered_set<const Json*> names;
     for (const Json* const object : objects_) {
         if (!object->IsObject())
             continue;
         for (const auto& member : object->GetObject()) {
             if (!read_.contains(&member.value))
-                names.push_back(&member.name);
+                names.insert(&member.name);
         }
     }
-    std::sort(names.begin(), names.end(), [this](const Json* one, const Json* other) {
-        return places_.offsetOf(*one) < places_.offsetOf(*other);
-    });
-    // An object may have been noted by several who read it.
-    names.erase(std::unique(names.begin(), names.end()), names.end());
     for (const Json* const name : names)
         report(LayoutFault::Kind::UnknownKey, *name, name->GetString(), {});
 }

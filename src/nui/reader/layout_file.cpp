@@ -66,19 +66,21 @@ LayoutFile::Outcome LayoutFile::load(const std::string& name)
     }
     if (listener)
         diagnostics_ = std::make_unique<LayoutDiagnostics>(listener, path, file.root());
-    if (!file.root().IsObject()) {
-        report(Fault::NotAnObject, file.root(), {}, {});
-        return Outcome::Faulty;
+    const bool isWhole = read(file.root());
+    if (diagnostics_) {
+        if (isWhole)
+            diagnostics_->reportUnreadKeys();
+        diagnostics_->tell();
     }
-    if (!read(file.root()))
-        return Outcome::Faulty;
-    if (diagnostics_)
-        diagnostics_->reportUnreadKeys();
-    return Outcome::Loaded;
+    return isWhole ? Outcome::Loaded : Outcome::Faulty;
 }
 
 bool LayoutFile::read(const Json& root)
 {
+    if (!root.IsObject()) {
+        report(Fault::NotAnObject, root, {}, {});
+        return false;
+    }
     if (diagnostics_) {
         diagnostics_->noteObject(root);
         // Of use to editors alone.

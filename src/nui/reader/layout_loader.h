@@ -50,7 +50,8 @@ public:
     friend class LayoutFile;
 
 private:
-    /// How deep widgets may be nested. No layout comes near it: each level doubles the time.
+    /// How deep widgets may be nested. No layout comes near it, and each level takes its part of
+    /// the stack whenever the tree is gone through.
     static constexpr int MaxDepth = 200;
 
     [[nodiscard]] static WidgetPtr make(const char* className, const WidgetPtr& source);

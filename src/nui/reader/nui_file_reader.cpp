@@ -80,7 +80,7 @@ void NuiFileReader::reportFault(LayoutFault::Kind kind, const std::string& detai
 {
     if (diagnostics_ == nullptr)
         return;
-    if (kind == Fault::UnknownClass || kind == Fault::NoClass)
+    if (kind == Fault::UnknownClass || kind == Fault::NoClass || kind == Fault::TooDeep)
         diagnostics_->dropObject(*value_);
     // In place of an object a text names a widget; and a key whose value is of no use has been
     // told.
