@@ -45,6 +45,9 @@ const std::string& value_of(const std::vector<std::string>& args, std::size_t& i
         throw wrong_options("The option " + option + " needs a value, and " + args[i] +
                             " is an option itself.");
     }
+    if (args[i].empty()) {
+        throw wrong_options("The option " + option + " needs a value, and the one given is empty.");
+    }
     return args[i];
 }
 

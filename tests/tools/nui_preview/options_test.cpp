@@ -50,8 +50,10 @@ TEST(preview_options_test, what_is_wrong_is_told_in_a_sentence)
     EXPECT_EQ(refusal({"a", "--png"}), "The option --png needs a value, see --help.");
     EXPECT_EQ(refusal({"a", "--png", "--tree", "t"}),
               "The option --png needs a value, and --tree is an option itself.");
-    for (const char* const size : {"", "800", "800x", "x600", "0x5", "5x-1", "8e2x6", "5x5x5",
-                                   " 5x5", "99999999999x5", "20000x5"}) {
+    EXPECT_EQ(refusal({"a", "--png", ""}),
+              "The option --png needs a value, and the one given is empty.");
+    for (const char* const size : {"800", "800x", "x600", "0x5", "5x-1", "8e2x6", "5x5x5", " 5x5",
+                                   "99999999999x5", "20000x5"}) {
         EXPECT_EQ(refusal({"a", "--size", size}), std::string("The size ") + size + no_size);
     }
 }
