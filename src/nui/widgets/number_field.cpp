@@ -8,6 +8,7 @@
 #include "nui/widgets/number_stepper.h"
 #include "nui/widgets/number_text_field.h"
 #include "nui/widgets/template_items.h"
+#include "nui/widgets/value_range.h"
 
 #include <SDL_keycode.h>
 
@@ -71,10 +72,7 @@ bool NumberField::read(NuiReader& reader)
     ensureParts();
     float minimum = minimum_;
     float maximum = maximum_;
-    reader.readFloat(minimum, "minimum");
-    reader.readFloat(maximum, "maximum");
-    if (maximum < minimum)
-        reader.reportFault(LayoutFault::Kind::UnknownValue, std::to_string(maximum), "maximum");
+    readRange(reader, minimum, maximum);
     setRange(minimum, maximum);
     reader.readFloat(step_, "step");
     std::uint32_t decimals = decimals_;

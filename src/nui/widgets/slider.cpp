@@ -4,6 +4,7 @@
 #include "nui/engine/engine.h"
 #include "nui/events/dispatch.h"
 #include "nui/reader/nui_reader.h"
+#include "nui/widgets/value_range.h"
 
 #include <SDL_keycode.h>
 
@@ -38,10 +39,7 @@ bool Slider::read(NuiReader& reader)
     Widget::read(reader);
     float minimum = minimum_;
     float maximum = maximum_;
-    reader.readFloat(minimum, "minimum");
-    reader.readFloat(maximum, "maximum");
-    if (maximum < minimum)
-        reader.reportFault(LayoutFault::Kind::UnknownValue, std::to_string(maximum), "maximum");
+    readRange(reader, minimum, maximum);
     setRange(minimum, maximum);
     reader.readFloat(step_, "step");
     float value = value_;
