@@ -2,12 +2,16 @@
 
 #include "nui/engine/engine.h"
 #include "nui/events/dispatch.h"
+#include "nui/menus/popup_menu.h"
+#include "nui/menus/text_menu.h"
 #include "nui/widgets/list_box.h"
 #include "nui/widgets/popup_list.h"
 #include "nui/widgets/text_label.h"
 #include "support/nui/control_test.h"
+#include "support/nui/layout_folder.h"
 
 #include <SDL_keycode.h>
+#include <SDL_mouse.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -93,6 +97,29 @@ TEST_F(drop_down_test, keys_change_the_selection_without_the_list)
     toolkit.type("t");
     EXPECT_EQ(taken(), "two ");
     EXPECT_FALSE(choice->isListOpen());
+}
+
+TEST_F(drop_down_test, the_menu_of_a_field_in_the_list_leaves_the_list_open)
+{
+    const nui::test::LayoutFolder folder;
+    folder.write("menu.json", "{'menus': [{'id': 'text_menu', 'children': [{'name': 'SelectAll', "
+                              "'text': 'Select all'}]}]}");
+    open("{'class': 'DropDown', 'name': 'choice', 'width': 80, 'height': 20, 'popup': 'looks', "
+         "'items': ['one', 'two']}",
+         "{'class': 'TextField', 'id': 'row', 'height': 20},"
+         "{'class': 'ListBox', 'id': 'looks', 'itemTemplate': 'row'}");
+    engine().textMenu = nui::loadTextMenu(folder.path() + "menu.json");
+    click("choice");
+    const nui::WidgetPtr list = engine().popups.open();
+    ASSERT_NE(list, nullptr);
+    moveTo(*dynamic_cast<PopupList&>(*list).list().children()[1]);
+    toolkit.press(SDL_BUTTON_RIGHT);
+    toolkit.release(SDL_BUTTON_RIGHT);
+    EXPECT_TRUE(engine().popups.isOpen(*list));
+    EXPECT_NE(engine().popups.open(), list);
+    toolkit.key(SDLK_ESCAPE);
+    EXPECT_EQ(engine().popups.open(), list);
+    EXPECT_TRUE(get<DropDown>("choice").isListOpen());
 }
 
 TEST_F(drop_down_test, keys_work_the_open_list_and_keep_out_the_form)
@@ -213,7 +240,7 @@ TEST_F(drop_down_test, an_item_that_is_disabled_is_pale_and_cannot_be_chosen)
     cut->setEnabled(false);
     EXPECT_EQ(cut->color & ~nui::AlphaMask, before & ~nui::AlphaMask);
     EXPECT_LT(cut->color, before);
-    list->openAt({290, 190});
+    list->openAt({290, 190}, nullptr);
     toolkit.frame();
     EXPECT_EQ(list->localX + list->width, 300);
     EXPECT_EQ(list->localY + list->height, 200);

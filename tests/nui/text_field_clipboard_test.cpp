@@ -131,6 +131,48 @@ TEST_F(text_field_clipboard_test, the_right_button_opens_the_menu_of_what_can_be
     EXPECT_EQ(greyed(), "Cut Copy Paste Delete SelectAll ");
 }
 
+TEST_F(text_field_clipboard_test, the_menu_of_a_field_in_a_popup_opens_and_closes_over_it)
+{
+    const nui::test::LayoutFolder folder;
+    folder.write("text_menu.json", R"({"menus": [{"id": "text_menu", "children": [
+        {"name": "SelectAll", "text": "Select all"}]}]})");
+    nui::engine().textMenu = nui::loadTextMenu(folder.path() + "text_menu.json");
+    open("");
+    nui::Popups& popups = nui::engine().popups;
+    const auto popup = std::make_shared<nui::Container>();
+    popup->visibility = nui::visibility::Overlapping;
+    popup->widthMode = popup->heightMode = nui::Px;
+    popup->widthValue = popup->heightValue = 100;
+    const auto inside = std::make_shared<nui::TextField>();
+    inside->heightMode = nui::Px;
+    inside->heightValue = 20;
+    popup->add(inside);
+    popup->add(std::make_shared<nui::Widget>());
+    nui::engine().showPopup(popup);
+    toolkit.frame();
+    const auto openMenu = [&] {
+        toolkit.move(50, 10);
+        toolkit.press(SDL_BUTTON_RIGHT);
+        toolkit.release(SDL_BUTTON_RIGHT);
+        toolkit.frame();
+        return inside->isMenuOpen() && popups.isOpen(*popup) && popups.open() != popup;
+    };
+    EXPECT_TRUE(openMenu());
+    toolkit.key(SDLK_ESCAPE);
+    EXPECT_EQ(popups.open(), popup);
+    EXPECT_TRUE(openMenu());
+    EXPECT_TRUE(openMenu()) << "in place of the first";
+    toolkit.move(10, 90);
+    toolkit.press();
+    toolkit.release();
+    EXPECT_EQ(popups.open(), popup) << "a press on the popup";
+    EXPECT_TRUE(openMenu());
+    toolkit.move(290, 110);
+    toolkit.press();
+    EXPECT_EQ(popups.open(), nullptr) << "a press beside both";
+    EXPECT_FALSE(inside->isMenuOpen());
+}
+
 TEST_F(text_field_clipboard_test, the_menu_is_in_the_language_of_the_user)
 {
     const nui::test::LayoutFolder folder;

@@ -5,6 +5,7 @@
 #include "nui/widgets/overlay.h"
 #include "nui/widgets/screen.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace nui {
@@ -27,12 +28,20 @@ void removeGroup(Screen& screen, std::uint32_t group)
 
 void Popups::show(const WidgetPtr& popup)
 {
+    showOver(popup, nullptr);
+}
+
+void Popups::showOver(const WidgetPtr& popup, const Widget* opener)
+{
     const ScreenPtr screen = engine_.screens.current();
     if (!screen || !popup)
         return;
-    if (popup_ && popup_ != popup)
-        close();
-    popup_ = popup;
+    // One that is shown again goes to the top.
+    std::size_t kept = levelOf(opener);
+    if (isOpen(*popup))
+        kept = std::min(kept, levelOf(popup.get()) - 1);
+    closeDownTo(kept);
+    open_.push_back(popup);
     subscribe(*popup, touch::Press, onPress, this);
     screen->add(popup);
     screen->markDirty();
@@ -40,38 +49,68 @@ void Popups::show(const WidgetPtr& popup)
 
 void Popups::close()
 {
-    if (!popup_)
-        return;
-    const WidgetPtr closing = popup_;
-    popup_.reset();
-    unsubscribe(*closing, touch::Press, onPress);
-    Screen* const screen = closing->screen();
-    if (screen == nullptr)
-        return;
-    engine_.pointer.forgetTree(*closing);
-    engine_.keyboard.forgetTree(*closing);
-    screen->remove(closing.get());
-    if (const auto* const overlay = dynamic_cast<const Overlay*>(closing.get()))
-        removeGroup(*screen, overlay->group);
-    screen->markDirty();
+    closeDownTo(0);
+}
+
+void Popups::close(const Widget& popup)
+{
+    if (isOpen(popup))
+        closeDownTo(levelOf(&popup) - 1);
+}
+
+void Popups::closeDownTo(std::size_t count)
+{
+    while (open_.size() > count) {
+        const WidgetPtr closing = open_.back();
+        open_.pop_back();
+        unsubscribe(*closing, touch::Press, onPress);
+        Screen* const screen = closing->screen();
+        if (screen == nullptr)
+            continue;
+        engine_.pointer.forgetTree(*closing);
+        engine_.keyboard.forgetTree(*closing);
+        screen->remove(closing.get());
+        if (const auto* const overlay = dynamic_cast<const Overlay*>(closing.get()))
+            removeGroup(*screen, overlay->group);
+        screen->markDirty();
+    }
 }
 
 void Popups::closeOn(const Screen& screen)
 {
-    if (popup_ && screen.contains(popup_.get()))
+    if (!open_.empty() && screen.contains(open_.front().get()))
         close();
+}
+
+WidgetPtr Popups::open() const
+{
+    return open_.empty() ? nullptr : open_.back();
+}
+
+bool Popups::isOpen(const Widget& popup) const
+{
+    return std::ranges::any_of(open_,
+                               [&popup](const WidgetPtr& each) { return each.get() == &popup; });
+}
+
+std::size_t Popups::levelOf(const Widget* widget) const
+{
+    const auto around = std::ranges::find_if(open_, [widget](const WidgetPtr& each) {
+        return widget != nullptr && each->contains(widget);
+    });
+    return around == open_.end() ? 0 : static_cast<std::size_t>(around - open_.begin()) + 1;
 }
 
 void Popups::pressedOnScreen()
 {
-    if (!pressed_)
-        close();
-    pressed_ = false;
+    closeDownTo(pressedLevel_);
+    pressedLevel_ = 0;
 }
 
 void Popups::onPress(WidgetEvent& event)
 {
-    static_cast<Popups*>(event.user)->pressed_ = true;
+    auto& self = *static_cast<Popups*>(event.user);
+    self.pressedLevel_ = self.levelOf(event.target);
 }
 
 } // namespace nui

@@ -282,7 +282,11 @@ void DropDown::onText(WidgetEvent& event)
 
 void DropDown::onFocusLost(WidgetEvent& event)
 {
-    selfOf(event).closeList();
+    DropDown& self = selfOf(event);
+    // A press on a field among the items takes the keyboard to it.
+    const PointerPath& pointer = engine().pointer;
+    if (!self.list_ || !pointer.isDown() || !self.list_->isHitAt(pointer.x(), pointer.y()))
+        self.closeList();
 }
 
 void DropDown::drawContent()

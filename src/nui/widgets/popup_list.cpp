@@ -64,21 +64,21 @@ void PopupList::openBelow(const WidgetPtr& widget)
 {
     below_ = widget;
     isBelow_ = true;
-    open();
+    open(widget.get());
 }
 
-void PopupList::openAt(Point position)
+void PopupList::openAt(Point position, const Widget* opener)
 {
     below_.reset();
     isBelow_ = false;
     position_ = position;
-    open();
+    open(opener);
 }
 
-void PopupList::open()
+void PopupList::open(const Widget* opener)
 {
     armed_ = false;
-    engine().showPopup(shared_from_this());
+    engine().popups.showOver(shared_from_this(), opener);
     // The list shows its highlighted item once it has its size.
     const std::int32_t shown = list_->current();
     list_->select(ListBox::None);
@@ -88,12 +88,12 @@ void PopupList::open()
 void PopupList::close()
 {
     if (isOpen())
-        engine().closePopup();
+        engine().popups.close(*this);
 }
 
 bool PopupList::isOpen() const
 {
-    return Engine::exists() && engine().popups.open().get() == this;
+    return Engine::exists() && engine().popups.isOpen(*this);
 }
 
 void PopupList::choose(std::int32_t index)

@@ -41,8 +41,9 @@ public:
     /// On the current screen: below the widget and as wide at the least, or above it where there
     /// is more room.
     void openBelow(const WidgetPtr& widget);
-    /// With its left upper corner there, in window pixels.
-    void openAt(Point position);
+    /// With its left upper corner there, in window pixels. Where the opener is in a popup, that
+    /// one stays below; null is in none.
+    void openAt(Point position, const Widget* opener);
     void close();
     [[nodiscard]] bool isOpen() const;
 
@@ -56,7 +57,7 @@ private:
     };
 
     static void onPointer(WidgetEvent& event);
-    void open();
+    void open(const Widget* opener);
     void choose(std::int32_t index);
     [[nodiscard]] float wantedWidth() const;
     [[nodiscard]] float widestText() const;

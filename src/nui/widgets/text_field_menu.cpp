@@ -70,7 +70,7 @@ bool TextField::openContextMenu(Point onWindow)
             field->runMenuCommand(item->name);
         activate(*item);
     });
-    contextMenu_->openAt(onWindow);
+    contextMenu_->openAt(onWindow, this);
     return true;
 }
 
