@@ -96,7 +96,13 @@ TEST_F(drop_down_test, keys_change_the_selection_without_the_list)
     EXPECT_EQ(taken(), "one two three two one three ");
     toolkit.type("t");
     EXPECT_EQ(taken(), "two ");
-    EXPECT_FALSE(choice->isListOpen());
+    toolkit.type("h");
+    EXPECT_EQ(taken(), "three ");
+    toolkit.key(SDLK_SPACE);
+    EXPECT_FALSE(choice->isListOpen()) << "a blank among letters";
+    toolkit.clock.advance(1000);
+    toolkit.key(SDLK_SPACE);
+    EXPECT_TRUE(choice->isListOpen());
 }
 
 TEST_F(drop_down_test, the_menu_of_a_field_in_the_list_leaves_the_list_open)

@@ -7,6 +7,7 @@
 #include <SDL_keyboard.h>
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <string>
 
 namespace {
@@ -89,13 +90,36 @@ TEST_F(list_box_test, keys_move_the_selection_past_what_is_disabled)
     EXPECT_EQ(taken(), "0 2 6 9 8 4 0 ");
 }
 
-TEST_F(list_box_test, typing_goes_to_the_next_item_that_begins_so)
+TEST_F(list_box_test, a_letter_leads_on_and_letters_soon_after_it_say_more)
 {
     openList("ListBox");
     focus("list");
-    for (const char* const typed : {"f", "F", "f", "x", "n"})
-        toolkit.type(typed);
-    EXPECT_EQ(taken(), "4 5 4 9 ");
+    const auto typed = [this](std::initializer_list<const char*> letters) {
+        toolkit.clock.advance(1000);
+        for (const char* const letter : letters) {
+            toolkit.clock.advance(900);
+            toolkit.type(letter);
+        }
+        return taken();
+    };
+    EXPECT_EQ(typed({"f", "F", "f"}), "4 5 4 ");
+    EXPECT_EQ(typed({"t", "h"}), "2 3 ");
+    EXPECT_EQ(typed({"s", "e", "x", "n"}), "6 7 ");
+    EXPECT_EQ(typed({"n"}), "9 ");
+    get<ListBox>("list").setItems({"new jersey", "newt", "new york"});
+    EXPECT_EQ(typed({" ", "N", "e", "w", " ", "y"}), "0 2 ");
+}
+
+TEST_F(list_box_test, a_blank_among_letters_is_no_command)
+{
+    openList("SelectionList");
+    focus("list");
+    toolkit.type("t");
+    toolkit.key(SDLK_SPACE);
+    EXPECT_EQ(taken(), "2 ");
+    toolkit.clock.advance(1000);
+    toolkit.key(SDLK_SPACE);
+    EXPECT_EQ(state(), "");
 }
 
 TEST_F(list_box_test, the_selected_item_is_scrolled_into_view_also_before_the_first_frame)

@@ -246,8 +246,9 @@ void DropDown::onKey(WidgetEvent& event)
 void DropDown::handleClosedKey(KeyboardEvent& event)
 {
     const bool isUpOrDown = event.key == SDLK_UP || event.key == SDLK_DOWN;
-    const bool opens = event.key == SDLK_F4 || event.key == SDLK_SPACE ||
-                       (isUpOrDown && (event.modifiers & KMOD_ALT) != 0);
+    const bool isCommandSpace = event.key == SDLK_SPACE && !requireList().list().isBeingTypedTo();
+    const bool opens =
+        event.key == SDLK_F4 || isCommandSpace || (isUpOrDown && (event.modifiers & KMOD_ALT) != 0);
     if (opens) {
         openList();
         event.consume();
@@ -268,10 +269,10 @@ void DropDown::onText(WidgetEvent& event)
 {
     DropDown& self = selfOf(event);
     const std::string& typed = static_cast<const TextEvent&>(event).text;
-    if (!self.isChainEnabled() || typed.empty() || typed == " ")
+    if (!self.isChainEnabled())
         return;
     ListBox& list = self.requireList().list();
-    const std::int32_t index = list.indexStartingWith(typed, list.current());
+    const std::int32_t index = list.indexAfterTyping(typed);
     if (index == None)
         return;
     if (self.isListOpen())

@@ -1,5 +1,6 @@
 #include "nui/widgets/list_box.h"
 
+#include "misc/text.h"
 #include "nui/draw/drawing.h"
 #include "nui/engine/engine.h"
 #include "nui/events/dispatch.h"
@@ -11,7 +12,6 @@
 #include <SDL_keyboard.h>
 
 #include <algorithm>
-#include <cctype>
 #include <utility>
 
 namespace nui {
@@ -28,13 +28,10 @@ WidgetPtr lookOf(Color color)
     return look;
 }
 
-bool startsWith(const std::string& text, const std::string& start)
+std::string lowered(std::string text)
 {
-    const auto same = [](unsigned char one, unsigned char other) {
-        return std::tolower(one) == std::tolower(other);
-    };
-    return text.size() >= start.size() &&
-           std::equal(start.begin(), start.end(), text.begin(), same);
+    nrd::misc::to_lower(text);
+    return text;
 }
 
 } // namespace
@@ -133,10 +130,23 @@ std::int32_t ListBox::indexStartingWith(const std::string& text, std::int32_t af
     const auto items = static_cast<std::int32_t>(count());
     for (std::int32_t step = 1; step <= items; ++step) {
         const std::int32_t index = (after + step) % items;
-        if (isUsable(index) && startsWith(itemText(index), text))
+        if (isUsable(index) && lowered(itemText(index)).starts_with(text))
             return index;
     }
     return None;
+}
+
+std::int32_t ListBox::indexAfterTyping(const std::string& typed)
+{
+    const bool goesOn = typeAhead_.isRunning();
+    if (!typeAhead_.add(typed))
+        return None;
+    // The first letter leads away from the current item, those behind it say more about the one
+    // that it has led to.
+    const std::int32_t after = goesOn ? std::max(current_, 0) - 1 : current_;
+    const std::int32_t index = indexStartingWith(typeAhead_.text(), after);
+    const std::string letter = typeAhead_.repeatedLetter();
+    return index == None && !letter.empty() ? indexStartingWith(letter, current_) : index;
 }
 
 std::int32_t ListBox::itemAt(Point position) const
@@ -279,9 +289,9 @@ void ListBox::onText(WidgetEvent& event)
 {
     auto& self = static_cast<ListBox&>(*static_cast<Widget*>(event.user));
     const std::string& typed = static_cast<const TextEvent&>(event).text;
-    if (!self.interactive_ || !self.isChainEnabled() || typed.empty() || typed == " ")
+    if (!self.interactive_ || !self.isChainEnabled())
         return;
-    const std::int32_t index = self.indexStartingWith(typed, self.current_);
+    const std::int32_t index = self.indexAfterTyping(typed);
     if (index != None)
         self.choose(index, By::Key, 0);
 }

@@ -2,6 +2,7 @@
 
 #include "nui/widgets/container.h"
 #include "nui/widgets/control_looks.h"
+#include "nui/widgets/type_ahead.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -35,8 +36,11 @@ public:
     [[nodiscard]] std::string itemText(std::int32_t index) const;
     /// The first item with that text, or None.
     [[nodiscard]] std::int32_t indexOf(const std::string& text) const;
-    /// The next one behind `after`, round the end, that begins with it; ASCII letters of any case.
-    [[nodiscard]] std::int32_t indexStartingWith(const std::string& text, std::int32_t after) const;
+    /// Where typed text leads to: from item to item with the same letter, and with letters one
+    /// soon after another to the item that begins with them all. None if there is no such item.
+    [[nodiscard]] std::int32_t indexAfterTyping(const std::string& typed);
+    /// A blank is now the next of these letters, and no command.
+    [[nodiscard]] bool isBeingTypedTo() const { return typeAhead_.isRunning(); }
     /// The item at a row of window pixels, across the list's whole width; None outside the list.
     [[nodiscard]] std::int32_t itemAt(Point position) const;
     /// Where a key leads to from an item: up, down, home, end and the page keys. None for others.
@@ -77,12 +81,15 @@ private:
     [[nodiscard]] std::int32_t usableFrom(std::int32_t index, std::int32_t step) const;
     [[nodiscard]] std::int32_t pageFrom(std::int32_t from, float direction) const;
     [[nodiscard]] WidgetPtr makeItem() const;
+    /// The next one behind `after`, round the end, that begins with it; ASCII letters of any case.
+    [[nodiscard]] std::int32_t indexStartingWith(const std::string& text, std::int32_t after) const;
 
     std::vector<std::string> keys_; ///< of the last items
     WidgetPtr itemTemplate_;
     StateTemplates labelLooks_; ///< of items that are only texts
     std::int32_t current_ = None;
     std::int32_t hover_ = None;
+    TypeAhead typeAhead_;
     bool interactive_ = true;
     bool revealPending_ = false; ///< the current item is scrolled to when it has its place
 };

@@ -106,6 +106,12 @@ void PopupList::choose(std::int32_t index)
         choice(index);
 }
 
+bool PopupList::isChoosingKey(std::int32_t key) const
+{
+    return key == SDLK_RETURN || key == SDLK_KP_ENTER ||
+           (key == SDLK_SPACE && !list_->isBeingTypedTo());
+}
+
 bool PopupList::handleKey(WidgetEvent& event)
 {
     if (!isOpen())
@@ -125,8 +131,7 @@ bool PopupList::handleKey(WidgetEvent& event)
         list_->select(next);
     else if (key == SDLK_ESCAPE || key == SDLK_TAB)
         close();
-    else if ((key == SDLK_RETURN || key == SDLK_KP_ENTER || key == SDLK_SPACE) &&
-             current != ListBox::None)
+    else if (isChoosingKey(key) && current != ListBox::None)
         choose(current);
     // Tab goes on to the next item of the form.
     if (key != SDLK_TAB)

@@ -59,6 +59,7 @@ private:
     static void onPointer(WidgetEvent& event);
     void open(const Widget* opener);
     void choose(std::int32_t index);
+    [[nodiscard]] bool isChoosingKey(std::int32_t key) const;
     [[nodiscard]] float wantedWidth() const;
     [[nodiscard]] float widestText() const;
     [[nodiscard]] float roomBesideText() const;

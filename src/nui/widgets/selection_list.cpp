@@ -72,7 +72,7 @@ void SelectionList::choose(std::int32_t index, By by, std::uint16_t modifiers)
 
 bool SelectionList::handleOtherKey(std::int32_t key, std::uint16_t modifiers)
 {
-    if (key == SDLK_SPACE && current() != None) {
+    if (key == SDLK_SPACE && current() != None && !isBeingTypedTo()) {
         toggle(current());
         return true;
     }
