@@ -150,6 +150,36 @@ TEST_F(image_buttons_test, the_keyboard_stays_with_a_toggle_button_that_changes_
     EXPECT_EQ(focused(), "on");
 }
 
+TEST_F(image_buttons_test, what_is_done_to_a_toggle_buttons_items_stays_with_them)
+{
+    open("{'template': 'both', 'name': 'toggle', 'width': 60, 'height': 20, 'off.text': 'no', "
+         "'on.text': 'yes'}",
+         std::string(ToggleTemplates) +
+             ", {'class': 'ToggleButton', 'id': 'both', 'itemTemplate': 'off', "
+             "'selectedItemTemplate': 'on'}");
+    auto& toggle = get<ToggleButton>("toggle");
+    const nui::WidgetPtr off = toggle.item(false);
+    int presses = 0;
+    subscribe(
+        *off, nui::touch::Press, [](nui::WidgetEvent& event) { ++*static_cast<int*>(event.user); },
+        &presses);
+    const auto text = [](const nui::WidgetPtr& item) {
+        return dynamic_cast<const nui::TextButton&>(*item).getText();
+    };
+    const auto copy = std::dynamic_pointer_cast<ToggleButton>(toggle.clone());
+    click("toggle");
+    EXPECT_EQ(toggle.children().front(), toggle.item(true));
+    EXPECT_EQ(text(toggle.item(true)), "yes");
+    click("toggle");
+    EXPECT_EQ(toggle.children().front(), off);
+    EXPECT_EQ(text(off), "no");
+    click("toggle");
+    EXPECT_EQ(presses, 2);
+    EXPECT_NE(copy->item(true), toggle.item(true));
+    copy->setSelected(true);
+    EXPECT_EQ(text(copy->children().front()), "yes");
+}
+
 TEST_F(image_buttons_test, a_disabled_toggle_button_looks_so_and_its_clone_toggles_by_itself)
 {
     open(Toggle, ToggleTemplates);

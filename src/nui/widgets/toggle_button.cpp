@@ -29,25 +29,66 @@ ToggleButton& ToggleButton::operator=(const ToggleButton& other)
     return *this;
 }
 
-/// The children have been cloned in order.
 void ToggleButton::adoptState(const ToggleButton& other)
 {
     itemTemplate_ = other.itemTemplate_;
-    selectedTemplate_ = other.selectedTemplate_;
     selected_ = other.selected_;
+    // What is shown has been cloned with the children, in order.
     const auto& items = other.children();
-    const auto place = std::find(items.begin(), items.end(), other.item_);
-    item_ = place == items.end() ? nullptr
-                                 : children()[static_cast<std::size_t>(place - items.begin())];
+    const auto cloneOf = [&](const WidgetPtr& item) {
+        const auto place = std::find(items.begin(), items.end(), item);
+        if (place != items.end())
+            return children()[static_cast<std::size_t>(place - items.begin())];
+        return item ? item->clone() : nullptr;
+    };
+    item_ = cloneOf(other.item_);
+    selectedItem_ = cloneOf(other.selectedItem_);
 }
 
 bool ToggleButton::read(NuiReader& reader)
 {
     Container::read(reader);
-    const bool hasItem = reader.readTemplateRef(itemTemplate_, "itemTemplate");
-    if (reader.readTemplateRef(selectedTemplate_, "selectedItemTemplate") || hasItem)
-        showState();
+    if (reader.readTemplateRef(itemTemplate_, "itemTemplate"))
+        make(item_, itemTemplate_);
+    WidgetPtr selectedTemplate;
+    if (reader.readTemplateRef(selectedTemplate, "selectedItemTemplate"))
+        make(selectedItem_, selectedTemplate);
+    showState();
     return true;
+}
+
+/// Takes the place of the clone of a former template.
+void ToggleButton::make(WidgetPtr& item, const WidgetPtr& source)
+{
+    const WidgetPtr made = source ? itemOf(source) : nullptr;
+    if (made)
+        replace(item.get(), made);
+    else
+        remove(item.get());
+    item = made;
+}
+
+bool ToggleButton::readOverrides(NuiReader& reader, bool skipSelf)
+{
+    Container::readOverrides(reader, skipSelf);
+    if (const WidgetPtr other = hidden())
+        other->readOverrides(reader, false);
+    return true;
+}
+
+void ToggleButton::broadcast(WidgetEvent& event)
+{
+    Container::broadcast(event);
+    const WidgetPtr other = hidden();
+    if (other && event.stopLevel == stop_level::None)
+        other->broadcast(event);
+}
+
+void ToggleButton::reloadText()
+{
+    Container::reloadText();
+    if (auto* const text = dynamic_cast<ReloadableText*>(hidden().get()))
+        text->reloadText();
 }
 
 void ToggleButton::setSelected(bool selected)
@@ -58,30 +99,36 @@ void ToggleButton::setSelected(bool selected)
     showState();
 }
 
+/// The clone that is no child; null if there is none.
+WidgetPtr ToggleButton::hidden() const
+{
+    return find(item_.get()) ? selectedItem_ : item_;
+}
+
 /// Changes the child. Without a template for the selected state both look the same.
 void ToggleButton::showState()
 {
-    const WidgetPtr& source = selected_ && selectedTemplate_ ? selectedTemplate_ : itemTemplate_;
-    if (!source)
+    const WidgetPtr wanted = selected_ && selectedItem_ ? selectedItem_ : item_;
+    if (!wanted || find(wanted.get()))
         return;
-    const WidgetPtr old = item_;
-    item_ = itemOf(source);
-    if (!old || !replace(old.get(), item_))
-        add(item_);
-    item_->resetState();
+    const WidgetPtr old = wanted == item_ ? selectedItem_ : item_;
+    if (!replace(old.get(), wanted))
+        add(wanted);
+    wanted->resetState();
     Screen* const shown = screen();
     if (shown == nullptr)
         return;
     Form::renewAround(*this);
     if (old && shown->focusedWidget == old)
-        engine().setFocus(item_);
+        engine().setFocus(wanted);
     shown->markDirty();
 }
 
 void ToggleButton::setEnabled(bool enabled)
 {
     Container::setEnabled(enabled);
-    if (!item_ || !itemTemplate_)
+    const WidgetPtr child = find(item_.get()) ? item_ : selectedItem_;
+    if (!child || !itemTemplate_)
         return;
     const StateTemplates* const looks = itemTemplate_->stateTemplates.get();
     const Widget* look = itemTemplate_.get();
@@ -89,7 +136,7 @@ void ToggleButton::setEnabled(bool enabled)
         look = looks->disabled.get();
     else if (looks != nullptr && looks->normal)
         look = looks->normal.get();
-    item_->applyTemplate(look);
+    child->applyTemplate(look);
 }
 
 void ToggleButton::onActivate(WidgetEvent& event)
