@@ -2,6 +2,7 @@
 
 #include <GL/glew.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace nui {
@@ -21,7 +22,8 @@ float pixelsOf(std::int32_t points, unsigned int resolution)
 
 FtglFace::FtglFace(FontFiles& files, std::int32_t size, unsigned int resolution)
     : files_(files), size_(size), resolution_(resolution),
-      lineHeight_(std::round(files.lineHeight() * pixelsOf(size, resolution))), faces_(1)
+      lineHeight_(std::max(std::round(files.lineHeight() * pixelsOf(size, resolution)), 1.0F)),
+      faces_(1)
 {
     static_cast<void>(metricsOf(0));
 }
@@ -43,7 +45,7 @@ GlyphPages& FtglFace::pagesOf(std::size_t file)
     if (!pages) {
         pages = std::make_unique<GlyphPages>(files_.contentOf(file));
         pages->GlyphLoadFlags(FtglMetrics::LoadFlags);
-        pages->FaceSize(static_cast<unsigned int>(size_), resolution_);
+        setFaceSize(*pages, static_cast<unsigned int>(size_), resolution_);
     }
     return *pages;
 }

@@ -23,7 +23,7 @@ public:
     [[nodiscard]] bool isValid() const { return faces_.front().metrics->isValid(); }
     [[nodiscard]] const FtglMetrics& metrics() const { return *faces_.front().metrics; }
     [[nodiscard]] std::int32_t size() const { return size_; }
-    /// In whole pixels.
+    /// In whole pixels, at least 1.
     [[nodiscard]] float lineHeight() const { return lineHeight_; }
 
     [[nodiscard]] TextLines layOut(std::u32string_view text, float width);

@@ -24,6 +24,13 @@ constexpr std::size_t BeyondEnd = 4;
 
 } // namespace
 
+bool setFaceSize(FTFont& font, unsigned int size, unsigned int resolution)
+{
+    // The library sets a size with the resolution that it was given with the size before.
+    font.FaceSize(size + 1, resolution);
+    return font.FaceSize(size, resolution);
+}
+
 FtglMetrics::FtglMetrics(const std::string& file, unsigned int size, unsigned int resolution)
     : FTFont(reinterpret_cast<const unsigned char*>(file.data()), file.size())
 {
@@ -32,7 +39,7 @@ FtglMetrics::FtglMetrics(const std::string& file, unsigned int size, unsigned in
     if (!valid_)
         return;
     GlyphLoadFlags(LoadFlags);
-    valid_ = FaceSize(size, resolution);
+    valid_ = setFaceSize(*this, size, resolution);
 }
 
 FTGlyph* FtglMetrics::MakeGlyph(FT_GlyphSlot slot)

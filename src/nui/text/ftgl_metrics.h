@@ -12,6 +12,10 @@
 
 namespace nui {
 
+/// Sets the size of any of FTGL's fonts, in points, and the dots of an inch. False for a font that
+/// doesn't have that size.
+bool setFaceSize(FTFont& font, unsigned int size, unsigned int resolution);
+
 /// FTGL's own measures of a face, without anything to draw, and so without GL. It lets the
 /// library's layout draw into a record, which tells where every character stands.
 class FtglMetrics : private FTFont {

@@ -3,6 +3,7 @@
 #include "nui/draw/drawing.h"
 #include "nui/engine/engine.h"
 #include "nui/reader/nui_reader.h"
+#include "nui/text/font_size.h"
 
 #include <algorithm>
 #include <array>
@@ -193,9 +194,9 @@ void TextLabel::dropPicture()
 
 void TextLabel::checkPicture(Font& drawing, const TextLayout& layout)
 {
-    const PictureRule rule{&drawing,        layout.size,      layout.width,
-                           layout.height,   layout.alignment, layout.verticalAlignment,
-                           layout.maxLines, layout.wordWrap};
+    const PictureRule rule{
+        &drawing,         effectiveFontSize(layout.size), layout.width,    layout.height,
+        layout.alignment, layout.verticalAlignment,       layout.maxLines, layout.wordWrap};
     if (rule == pictureRule_)
         return;
     pictureRule_ = rule;

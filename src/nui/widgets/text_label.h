@@ -62,7 +62,7 @@ private:
     /// What the picture depends on, but for the text.
     struct PictureRule {
         Font* font = nullptr;
-        std::int16_t size = 0;
+        std::int32_t size = 0; ///< with the engine's fontSizeOffset
         float width = 0;
         float height = 0;
         TextAlignment alignment = TextAlignment::Left;
