@@ -257,6 +257,14 @@ Rect getClip()
     return state().clip;
 }
 
+Rect visibleArea()
+{
+    const WindowHandle* const window = currentWindow();
+    if (state().clip.width != NoClip || window == nullptr)
+        return state().clip;
+    return {0, 0, window->drawableWidth, window->drawableHeight};
+}
+
 void restoreScissor()
 {
     if (state().clip.width != NoClip)

@@ -51,6 +51,8 @@ void texturedQuad(const TextureRef* texture, float x, float y, float width, floa
 void setClip(Rect clip);
 void intersectClip(Rect clip);
 [[nodiscard]] Rect getClip();
+/// Where something can be seen of what is drawn: the clip, or else all of the current window.
+[[nodiscard]] Rect visibleArea();
 /// After code that draws by itself.
 void restoreScissor();
 

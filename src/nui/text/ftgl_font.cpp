@@ -14,8 +14,6 @@ namespace nui {
 
 namespace {
 
-/// More than the texts of a page, as those that are drawn in turn would drive each other out.
-constexpr std::size_t CacheSize = 256;
 constexpr float UnlimitedWidth = 1e9F;
 constexpr char32_t Ellipsis[] = U"...";
 
@@ -107,55 +105,38 @@ FtglFace* FtglFont::faceFor(std::int16_t size)
     return face->isValid() ? face.get() : nullptr;
 }
 
-FtglFont::CachedLines& FtglFont::cached(const CachedLines& wanted, std::string_view text)
-{
-    const auto known = std::ranges::find_if(cache_, [&](const CachedLines& each) {
-        return each.face == wanted.face && each.width == wanted.width &&
-               each.maxLines == wanted.maxLines && each.kind == wanted.kind && each.text == text;
-    });
-    if (known != cache_.end()) {
-        cache_.splice(cache_.begin(), cache_, known);
-        return cache_.front();
-    }
-    if (cache_.size() == CacheSize)
-        cache_.pop_back();
-    CachedLines& lines = cache_.emplace_front(wanted);
-    lines.text = text;
-    return lines;
-}
-
 const TextLines* FtglFont::linesOf(FtglFace& face, const TextLayout& layout)
 {
     if (!(layout.width > 0))
         return nullptr;
-    CachedLines& cached = this->cached({.face = &face,
-                                        .width = layout.wordWrap ? layout.width : UnlimitedWidth,
-                                        .maxLines = layout.maxLines,
-                                        .kind = TextKind::Lines},
-                                       layout.text);
+    const LineRule rule{.face = &face,
+                        .width = layout.wordWrap ? layout.width : UnlimitedWidth,
+                        .maxLines = layout.maxLines,
+                        .kind = TextKind::Lines};
+    CachedLines& cached = cache_.at(rule, layout.text);
     if (cached.state == CachedLines::New)
-        layOut(cached, face);
+        layOut(cached, face, rule, layout.text);
     return cached.state == CachedLines::Valid ? &cached.lines : nullptr;
 }
 
-void FtglFont::layOut(CachedLines& cached, FtglFace& face)
+void FtglFont::layOut(CachedLines& out, FtglFace& face, const LineRule& rule, std::string_view text)
 {
-    const std::u32string text = shownText(cached.text);
-    cached.lines = face.layOut(text, cached.width);
-    cached.state = CachedLines::Valid;
-    if (cached.maxLines <= 0 || lineCount(cached.lines) <= cached.maxLines)
+    const std::u32string characters = shownText(text);
+    out.lines = face.layOut(characters, rule.width);
+    out.state = CachedLines::Valid;
+    if (rule.maxLines <= 0 || lineCount(out.lines) <= rule.maxLines)
         return;
-    const auto last = static_cast<std::size_t>(cached.maxLines) - 1;
-    if (cached.lines.lines[last].first < 0)
-        cached.state = CachedLines::Invalid;
+    const auto last = static_cast<std::size_t>(rule.maxLines) - 1;
+    if (out.lines.lines[last].first < 0)
+        out.state = CachedLines::Invalid;
     else
-        cached.lines = cutLines(face, text, cached.lines, cached.maxLines, cached.width);
+        out.lines = cutLines(face, characters, out.lines, rule.maxLines, rule.width);
 }
 
 const TextLines& FtglFont::lineOf(FtglFace& face, const std::string& text)
 {
     CachedLines& cached =
-        this->cached({.face = &face, .width = UnlimitedWidth, .kind = TextKind::OneLine}, text);
+        cache_.at({.face = &face, .width = UnlimitedWidth, .kind = TextKind::OneLine}, text);
     if (cached.state == CachedLines::New) {
         std::u32string characters = shownText(text);
         std::ranges::replace(characters, U'\n', U' ');

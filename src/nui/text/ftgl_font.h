@@ -1,10 +1,10 @@
 #pragma once
 
 #include "nui/text/font.h"
+#include "nui/text/text_cache.h"
 #include "nui/text/text_lines.h"
 
 #include <cstdint>
-#include <list>
 #include <map>
 #include <memory>
 #include <string>
@@ -43,15 +43,18 @@ public:
 
 private:
     enum class TextKind : std::uint8_t { Lines, OneLine };
-    /// The lines of a text, and what they depend on.
-    struct CachedLines {
-        enum State : std::uint8_t { New, Valid, Invalid };
-
-        std::string text = {};
+    /// What the lines of a text depend on.
+    struct LineRule {
         const FtglFace* face = nullptr;
         float width = 0;
         std::int32_t maxLines = 0;
         TextKind kind = TextKind::Lines;
+
+        bool operator==(const LineRule&) const = default;
+    };
+    struct CachedLines {
+        enum State : std::uint8_t { New, Valid, Invalid };
+
         State state = New;
         TextLines lines = {};
     };
@@ -61,16 +64,15 @@ private:
     [[nodiscard]] const TextLines* linesOf(FtglFace& face, const TextLayout& layout);
     /// All of a text on one line, line feeds too.
     [[nodiscard]] const TextLines& lineOf(FtglFace& face, const std::string& text);
-    /// What is there of the text in the cache, which it is in afterwards.
-    [[nodiscard]] CachedLines& cached(const CachedLines& wanted, std::string_view text);
-    static void layOut(CachedLines& cached, FtglFace& face);
+    static void layOut(CachedLines& out, FtglFace& face, const LineRule& rule,
+                       std::string_view text);
 
     void forget();
 
     std::vector<std::string> standIns_;
     std::unique_ptr<FontFiles> files_; ///< null until needed
     std::map<std::pair<std::int32_t, unsigned int>, std::unique_ptr<FtglFace>> faces_;
-    std::list<CachedLines> cache_; ///< what was asked for last in front
+    TextCache<LineRule, CachedLines> cache_;
 };
 
 } // namespace nui

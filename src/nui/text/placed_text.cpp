@@ -102,18 +102,48 @@ std::int32_t PlacedText::indexAt(Point point) const
     return nearest;
 }
 
-void PlacedText::drawSelection(Point position, Range selected, Color color) const
+PlacedText::Range PlacedText::visibleLines(Point position) const
 {
-    for (std::size_t number = 0; number < lines_.lines.size(); ++number) {
-        const TextLines::Line& line = lines_.lines[number];
+    // Glyphs may reach into the lines beside theirs.
+    constexpr float Around = 2;
+    const Rect area = visibleArea();
+    const float top = position.y + top_;
+    const auto count = static_cast<float>(lines_.lines.size());
+    const auto lineAt = [&](std::int32_t y, float further) {
+        const float line = std::floor((static_cast<float>(y) - top) / lineHeight_) + further;
+        return static_cast<std::int32_t>(std::clamp(line, 0.0F, count));
+    };
+    return {lineAt(area.y, -Around), lineAt(area.y + area.height, Around + 1)};
+}
+
+PlacedText::Range PlacedText::visiblePart(Range characters, float left) const
+{
+    // Wider than any glyph, and than what sticks out of one.
+    const float around = 4 * lineHeight_;
+    const Rect area = visibleArea();
+    const auto firstFrom = [&](std::int32_t first, float x) {
+        const auto begin = lines_.characters.begin();
+        const auto found =
+            std::partition_point(begin + first, begin + std::max(first, characters.end),
+                                 [x](const TextLines::Character& each) { return each.x < x; });
+        return static_cast<std::int32_t>(found - begin);
+    };
+    const std::int32_t first =
+        firstFrom(characters.first, static_cast<float>(area.x) - left - around);
+    return {first, firstFrom(first, static_cast<float>(area.x + area.width) - left + around)};
+}
+
+void PlacedText::drawSelection(Point position, Range lines, Range selected, Color color) const
+{
+    for (std::int32_t number = lines.first; number < lines.end; ++number) {
+        const TextLines::Line& line = lines_.lines[static_cast<std::size_t>(number)];
         if (selected.first > line.last || selected.end <= line.first || line.isEmpty())
             continue;
         const float left = leftOf(line);
         const float start = selected.first > line.first ? characterAt(selected.first).x : 0;
         const float end = selected.end > line.last ? line.end : characterAt(selected.end).x;
-        fill(std::floor(position.x + left + start),
-             position.y + topOf(static_cast<std::int32_t>(number)), std::round(end - start),
-             boxHeight(), color);
+        fill(std::floor(position.x + left + start), position.y + topOf(number),
+             std::round(end - start), boxHeight(), color);
     }
 }
 
@@ -121,7 +151,7 @@ void PlacedText::drawLine(std::int32_t number, Point position, Range selected, C
                           Color selectedColor) const
 {
     const TextLines::Line& line = lines_.lines[static_cast<std::size_t>(number)];
-    Range drawn{line.first, line.last + 1};
+    Range drawn = visiblePart({std::max(line.first, 0), line.last + 1}, position.x + leftOf(line));
     while (!drawn.isEmpty() && !characterAt(drawn.first).drawn)
         ++drawn.first;
     while (!drawn.isEmpty() && !characterAt(drawn.end - 1).drawn)
@@ -158,6 +188,7 @@ void PlacedText::draw(Point position, Color color, TextMarks* marks) const
 {
     const Point corner{std::round(position.x), std::round(position.y)};
     const bool marked = marks != nullptr && marks->caret >= 0;
+    const Range lines = visibleLines(corner);
     Range selected;
     std::int32_t caret = 0;
     if (marked) {
@@ -166,11 +197,11 @@ void PlacedText::draw(Point position, Color color, TextMarks* marks) const
             marks->anchor < 0 ? caret : std::min(marks->anchor, lines_.length());
         selected = {std::min(caret, anchor), std::max(caret, anchor)};
         if (!selected.isEmpty())
-            drawSelection(corner, selected, marks->selectionColor);
+            drawSelection(corner, lines, selected, marks->selectionColor);
     }
     const Color selectedColor = marked ? readableOn(marks->selectionColor, color) : color;
-    for (std::size_t line = 0; line < lines_.lines.size(); ++line)
-        drawLine(static_cast<std::int32_t>(line), corner, selected, color, selectedColor);
+    for (std::int32_t line = lines.first; line < lines.end; ++line)
+        drawLine(line, corner, selected, color, selectedColor);
     if (marked)
         drawCaret(corner, *marks, caret);
 }

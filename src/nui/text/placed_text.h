@@ -34,7 +34,12 @@ private:
     [[nodiscard]] float boxHeight() const;
     /// Of a character, in front of it.
     [[nodiscard]] float xOf(std::int32_t index) const;
-    void drawSelection(Point position, Range selected, Color color) const;
+    /// The lines that something can be seen of, with the box there.
+    [[nodiscard]] Range visibleLines(Point position) const;
+    /// The part of a line's characters that something can be seen of. `left` is the line's, in the
+    /// window.
+    [[nodiscard]] Range visiblePart(Range characters, float left) const;
+    void drawSelection(Point position, Range lines, Range selected, Color color) const;
     void drawLine(std::int32_t line, Point position, Range selected, Color color,
                   Color selectedColor) const;
     void drawCaret(Point position, TextMarks& marks, std::int32_t caret) const;
