@@ -8,7 +8,9 @@
 
 #include <functional>
 #include <memory>
+#include <numeric>
 #include <string>
+#include <vector>
 
 namespace nui {
 
@@ -125,6 +127,48 @@ TEST_P(any_font_test, a_negative_size_is_the_same_size_whatever_the_offset)
     EXPECT_EQ(font->getLineHeight(-14, 1), lines(1));
     EXPECT_GT(font->getLineHeight(0, 1), 0);
     EXPECT_GT(font->getLineHeight(-32768, 1), 20000);
+}
+
+TEST_P(any_font_test, a_line_feed_is_a_blank_in_a_text_on_one_line)
+{
+    EXPECT_EQ(font->getTextWidth("one\ntwo", 14), font->getTextWidth("one two", 14));
+}
+
+TEST(win_font, a_box_is_rounded_up_to_pixels_for_measuring_as_for_its_picture)
+{
+    WinFont font("");
+    const std::string text = "Some words";
+    const TextSize whole = font.measureText({.text = text, .width = Wide});
+    const auto linesAt = [&](float width) {
+        return font.measureText({.text = text, .width = width}).height / font.getLineHeight(12, 1);
+    };
+    EXPECT_EQ(linesAt(whole.width - 0.75F), 1);
+    EXPECT_EQ(linesAt(whole.width - 1), 2);
+}
+
+TEST(native_text, a_font_has_its_weight_and_slant)
+{
+    const std::string face = WinFont("").getFaceName();
+    const auto drawn = [](const NativeFont& font) {
+        const NativeFacePtr opened = openNativeFace(font, 20);
+        Coverage picture(120, 30);
+        EXPECT_TRUE(drawNativeText(*opened, "Weight", {}, picture));
+        return picture.pixels;
+    };
+    const std::vector<std::uint8_t> plain = drawn({.face = face, .weight = 400});
+    const std::vector<std::uint8_t> bold = drawn({.face = face, .weight = 700});
+    EXPECT_EQ(drawn({.face = face}), plain);
+    EXPECT_GT(std::accumulate(bold.begin(), bold.end(), 0),
+              std::accumulate(plain.begin(), plain.end(), 0));
+    EXPECT_NE(drawn({.face = face, .weight = 400, .italic = true}), plain);
+}
+
+TEST(native_text, a_picture_that_there_is_no_memory_for_is_none)
+{
+    const NativeFacePtr face = openNativeFace({.face = WinFont("").getFaceName()}, 14);
+    Coverage picture(1, 1);
+    picture.width = picture.height = 1 << 20;
+    EXPECT_FALSE(drawNativeText(*face, "text", {}, picture));
 }
 
 TEST(win_font, another_face_takes_effect_and_none_is_the_systems_own)

@@ -187,6 +187,58 @@ TEST_P(any_drawn_font_test, nothing_shows_without_a_text_or_a_box)
     EXPECT_EQ(drawn({.text = "text", .width = -3, .height = 30}, {0, 0}).brightest(0), 0);
 }
 
+TEST(drawn_win_font, a_long_text_looks_like_as_much_of_it_as_there_is_room_for)
+{
+    test::HeadlessScreen screen(ScreenWidth, ScreenHeight);
+    WinFont font("");
+    std::string words;
+    while (words.size() < 60000)
+        words += "some words of text ";
+    const auto drawn = [&](std::string_view text) {
+        screen.clear();
+        const TextLayout layout{.text = text,
+                                .size = 14,
+                                .width = 150,
+                                .height = 100,
+                                .verticalAlignment = VerticalTextAlignment::Middle};
+        font.draw(layout, {20, 10}, OpaqueWhite, nullptr, nullptr);
+        return Picture();
+    };
+    const Picture some = drawn(std::string_view(words).substr(0, 3000));
+    EXPECT_GT(some.lit().height, 80);
+    EXPECT_EQ(drawn(words), some);
+}
+
+TEST(drawn_ftgl_font, lines_and_characters_beside_the_window_leave_the_others_as_they_are)
+{
+    test::HeadlessScreen screen(ScreenWidth, ScreenHeight);
+    FtglFont font(test::latinFontFile());
+    const float lineHeight = font.getLineHeight(14, 1);
+    std::string lines;
+    for (int line = 0; line < 200; ++line)
+        lines += "gyl" + std::to_string(line) + "\n";
+    const TextLayout all{.text = lines, .size = 14, .width = 200, .height = 1};
+    screen.clear();
+    font.draw(all, {0, -100 * lineHeight}, OpaqueWhite, nullptr, nullptr);
+    const Picture scrolled;
+    const TextLayout part{.text = std::string_view(lines).substr(lines.find("gyl98")),
+                          .size = 14,
+                          .width = 200,
+                          .height = 1};
+    screen.clear();
+    font.draw(part, {0, -2 * lineHeight}, OpaqueWhite, nullptr, nullptr);
+    EXPECT_EQ(Picture(), scrolled);
+
+    const std::string wide(2000, 'W');
+    const TextLayout line{
+        .text = wide, .size = 14, .width = 1e6F, .height = lineHeight, .wordWrap = false};
+    screen.clear();
+    font.draw(line, {-5000, 0}, OpaqueWhite, nullptr, nullptr);
+    const Rect lit = Picture().lit();
+    EXPECT_LE(lit.x, 2);
+    EXPECT_GE(lit.x + lit.width, ScreenWidth - 2);
+}
+
 TEST(drawn_win_font, a_picture_that_is_there_is_shown_and_else_left_behind)
 {
     const test::HeadlessScreen screen(ScreenWidth, ScreenHeight);

@@ -139,12 +139,12 @@ bool nativeFontFileExists(const std::string& path)
     return std::filesystem::is_regular_file(path, error);
 }
 
-std::string nativeMessageFace()
+NativeFont nativeMessageFont()
 {
     std::string face;
     withFontFor(nrd::misc::user_locale_name(),
                 [&face](FcPattern* font) { face = textOf(font, FC_FAMILY); });
-    return face.empty() ? AnyFamily : face;
+    return {.face = face.empty() ? AnyFamily : face};
 }
 
 } // namespace nui

@@ -255,11 +255,16 @@ void setNativeTextLanguage(const std::string& code)
     textLanguage() = pango_language_from_string(code.c_str());
 }
 
-NativeFacePtr openNativeFace(const std::string& name, std::int32_t pixels)
+NativeFacePtr openNativeFace(const NativeFont& font, std::int32_t pixels)
 {
     auto face = std::make_unique<NativeFace>();
     face->description.reset(pango_font_description_new());
-    pango_font_description_set_family(face->description.get(), name.c_str());
+    pango_font_description_set_family(face->description.get(), font.face.c_str());
+    if (font.weight > 0)
+        pango_font_description_set_weight(face->description.get(),
+                                          static_cast<PangoWeight>(font.weight));
+    if (font.italic)
+        pango_font_description_set_style(face->description.get(), PANGO_STYLE_ITALIC);
     pango_font_description_set_absolute_size(face->description.get(), pixels * PANGO_SCALE);
     const Owned<PangoFontMetrics> metrics(
         pango_context_get_metrics(face->context.get(), face->description.get(), nullptr));
@@ -284,15 +289,16 @@ PixelSize measureNativeText(const NativeFace& face, const std::string& text, std
     return size;
 }
 
-void drawNativeText(const NativeFace& face, const std::string& text, const NativeTextBox& box,
+bool drawNativeText(const NativeFace& face, const std::string& text, const NativeTextBox& box,
                     Coverage& picture)
 {
+    const Owned<cairo_surface_t> surface(
+        cairo_image_surface_create(CAIRO_FORMAT_A8, picture.width, picture.height));
+    if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS)
+        return false;
     Lines lines(face, text, picture.width, box.wrap);
     lines.cutBehind(box.lines);
     lines.cutAtWidth();
-
-    const Owned<cairo_surface_t> surface(
-        cairo_image_surface_create(CAIRO_FORMAT_A8, picture.width, picture.height));
     const Owned<cairo_t> cairo(cairo_create(surface.get()));
     for (std::int32_t line = 0; line < lines.count(); ++line) {
         const std::int32_t left = leftOf(picture.width - widthOf(lines.at(line)), box.alignment);
@@ -301,12 +307,11 @@ void drawNativeText(const NativeFace& face, const std::string& text, const Nativ
     }
     cairo_surface_flush(surface.get());
     const unsigned char* row = cairo_image_surface_get_data(surface.get());
-    if (row == nullptr)
-        return;
     const auto stride = static_cast<std::size_t>(cairo_image_surface_get_stride(surface.get()));
     const auto width = static_cast<std::size_t>(picture.width);
     for (auto out = picture.pixels.begin(); out != picture.pixels.end(); row += stride)
         out = std::copy_n(row, width, out);
+    return true;
 }
 
 } // namespace nui

@@ -153,6 +153,8 @@ bool changeLanguageAndFont(Fonts& fonts, Lang& lang, const char* selectedLang, b
         log("input lang empty; setting to engine language unicode: " + fonts.inputLang);
     }
     createFonts(fonts, log);
+    if (auto* const font = dynamic_cast<WinFont*>(fonts.defaultFont.get()))
+        font->forgetMeasures();
     chooseEditFont(fonts, surroundings, log);
     log("leaving changeLanguageFont");
     return true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "nui/text/native_text.h"
 #include "nui/text/system_fonts.h"
 
 #include <string>
@@ -14,7 +15,7 @@ namespace nui {
 /// In no order.
 [[nodiscard]] std::vector<SystemFont> nativeFonts();
 [[nodiscard]] bool nativeFontFileExists(const std::string& path);
-/// The face in which the system writes its message boxes.
-[[nodiscard]] std::string nativeMessageFace();
+/// What the system writes its message boxes in.
+[[nodiscard]] NativeFont nativeMessageFont();
 
 } // namespace nui

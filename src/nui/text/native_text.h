@@ -15,16 +15,24 @@ struct NativeFace;
 struct CloseNativeFace {
     void operator()(NativeFace* face) const;
 };
-/// A face in one size.
+/// What a face is chosen by.
+struct NativeFont {
+    std::string face;        ///< another is taken where the platform has none of this name
+    std::int32_t weight = 0; ///< 400 is plain, 700 bold; 0 leaves it to the platform
+    bool italic = false;
+
+    [[nodiscard]] bool operator==(const NativeFont&) const = default;
+};
+
+/// A font in one size.
 using NativeFacePtr = std::unique_ptr<NativeFace, CloseNativeFace>;
 
 /// The language whose shapes of characters are preferred from now on ("ja"), where the platform
 /// has several.
 void setNativeTextLanguage(const std::string& code);
 
-/// The platform takes another face where it has none of this name. `pixels` is the height of a
-/// character without the space between lines.
-[[nodiscard]] NativeFacePtr openNativeFace(const std::string& name, std::int32_t pixels);
+/// `pixels` is the height of a character without the space between lines.
+[[nodiscard]] NativeFacePtr openNativeFace(const NativeFont& font, std::int32_t pixels);
 /// Of a line, in pixels.
 [[nodiscard]] std::int32_t nativeLineHeight(const NativeFace& face);
 
@@ -56,8 +64,9 @@ struct NativeTextBox {
     bool wrap = true;
 };
 
-/// Into a picture without a side of 0.
-void drawNativeText(const NativeFace& face, const std::string& text, const NativeTextBox& box,
-                    Coverage& picture);
+/// Into a picture without a side of 0. False, with the picture as it was, if the platform has no
+/// memory for one of that size.
+[[nodiscard]] bool drawNativeText(const NativeFace& face, const std::string& text,
+                                  const NativeTextBox& box, Coverage& picture);
 
 } // namespace nui

@@ -20,14 +20,15 @@ constexpr std::int32_t LongestSide = 8192;
 /// Wider than any text, and a number that platforms can count with.
 constexpr float WidestBox = 1000000;
 
-std::int32_t boxWidth(float width)
+/// Measuring and drawing round a box alike, up, or they would break lines at different words.
+std::int32_t boxSide(float length)
 {
-    return static_cast<std::int32_t>(std::min(width, WidestBox));
+    return static_cast<std::int32_t>(std::ceil(std::min(length, WidestBox)));
 }
 
 std::int32_t pictureSide(float length)
 {
-    return std::min(static_cast<std::int32_t>(std::ceil(std::min(length, WidestBox))), LongestSide);
+    return std::min(boxSide(length), LongestSide);
 }
 
 std::shared_ptr<RenderedText> uploaded(const Coverage& picture)
@@ -50,13 +51,15 @@ WinFont::WinFont(const std::string& name) : size_(NoSize)
 
 void WinFont::setFont(const std::string& name)
 {
-    const std::string face = name.empty() ? nativeMessageFace() : name;
-    if (face == faceName)
+    const NativeFont font = name.empty() ? nativeMessageFont() : NativeFont{.face = name};
+    if (font == font_)
         return;
     faces_.clear();
+    measures_.clear();
     size_ = NoSize;
     face_ = nullptr;
-    faceName = face;
+    font_ = font;
+    faceName = font.face;
 }
 
 void WinFont::useSize(std::int16_t size)
@@ -66,10 +69,35 @@ void WinFont::useSize(std::int16_t size)
         return;
     NativeFacePtr& face = faces_[pixels];
     if (!face)
-        face = openNativeFace(faceName, pixels);
+        face = openNativeFace(font_, pixels);
     size_ = pixels;
     face_ = face.get();
     lineHeight_ = nativeLineHeight(*face_);
+}
+
+PixelSize WinFont::measured(std::string_view text, std::int32_t width, bool wrap)
+{
+    std::optional<PixelSize>& size =
+        measures_.at({.pixels = size_, .width = width, .wrap = wrap}, text);
+    if (!size)
+        size = measureNativeText(*face_, std::string(text), width, wrap);
+    return *size;
+}
+
+std::string_view WinFont::beginning(std::string_view text, std::int32_t width, bool wrap,
+                                    std::int32_t lines)
+{
+    // The last line of a beginning may break elsewhere than in the whole text, and one more tells
+    // whether the text goes on.
+    const std::int32_t enough = (lines + 2) * lineHeight_;
+    for (std::size_t length = 4096; length < text.size(); length *= 2) {
+        while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0U) == 0x80U)
+            ++length;
+        const std::string_view start = text.substr(0, length);
+        if (measureNativeText(*face_, std::string(start), width, wrap).height >= enough)
+            return start;
+    }
+    return text;
 }
 
 float WinFont::getLineHeight(std::int16_t size, std::int32_t lines)
@@ -83,8 +111,7 @@ TextSize WinFont::measureText(const TextLayout& layout)
     if (!(layout.width > 0))
         return {};
     useSize(layout.size);
-    PixelSize size = measureNativeText(*face_, std::string(layout.text), boxWidth(layout.width),
-                                       layout.wordWrap);
+    PixelSize size = measured(layout.text, boxSide(layout.width), layout.wordWrap);
     if (layout.maxLines > 0)
         size.height = std::min(size.height, layout.maxLines * lineHeight_);
     return {static_cast<float>(size.width), static_cast<float>(size.height)};
@@ -93,7 +120,9 @@ TextSize WinFont::measureText(const TextLayout& layout)
 float WinFont::getTextWidth(const std::string& text, std::int16_t size)
 {
     useSize(size);
-    return static_cast<float>(measureNativeText(*face_, text, boxWidth(WidestBox), false).width);
+    std::string line = text;
+    std::ranges::replace(line, '\n', ' ');
+    return static_cast<float>(measured(line, boxSide(WidestBox), false).width);
 }
 
 std::int32_t WinFont::indexAtPoint(const TextLayout& /*layout*/, Point /*point*/)
@@ -104,22 +133,20 @@ std::int32_t WinFont::indexAtPoint(const TextLayout& /*layout*/, Point /*point*/
 std::shared_ptr<RenderedText> WinFont::render(const TextLayout& layout)
 {
     useSize(layout.size);
-    const std::string text(layout.text);
     Coverage picture(pictureSide(layout.width), pictureSide(layout.height));
     NativeTextBox box{.alignment = layout.alignment, .wrap = layout.wordWrap};
     // A box that is lower than a line shows a part of it rather than nothing.
     box.lines = std::max(picture.height / std::max(lineHeight_, 1), 1);
     if (layout.maxLines > 0)
         box.lines = std::min(box.lines, layout.maxLines);
-    const std::int32_t needed =
-        measureNativeText(*face_, text, picture.width, layout.wordWrap).height;
+    const std::string text(beginning(layout.text, picture.width, layout.wordWrap, box.lines));
+    const std::int32_t needed = measured(text, picture.width, layout.wordWrap).height;
     const std::int32_t free = picture.height - std::min(needed, box.lines * lineHeight_);
     if (layout.verticalAlignment == VerticalTextAlignment::Middle)
         box.top = free / 2;
     else if (layout.verticalAlignment == VerticalTextAlignment::Bottom)
         box.top = free;
-    drawNativeText(*face_, text, box, picture);
-    return uploaded(picture);
+    return drawNativeText(*face_, text, box, picture) ? uploaded(picture) : nullptr;
 }
 
 void WinFont::draw(const TextLayout& layout, Point position, Color color, TextMarks* /*marks*/,
@@ -131,6 +158,8 @@ void WinFont::draw(const TextLayout& layout, Point position, Color color, TextMa
     std::shared_ptr<RenderedText>& shown = picture != nullptr ? *picture : own;
     if (!shown)
         shown = render(layout);
+    if (!shown)
+        return;
     constexpr std::array<TexturePoint, 4> Whole = {{{0, 0}, {0, 1}, {1, 1}, {1, 0}}};
     const TextureRef& texture = shown->texture();
     setColor(color);

@@ -43,8 +43,7 @@ std::vector<SystemFont> nativeFonts()
         U"HKEY_LOCAL_MACHINE\\Software\\Microsoft\\Windows NT\\CurrentVersion\\Fonts";
     std::vector<SystemFont> fonts;
     try {
-        for (const nrd::misc::text32& name : nrd::misc::value_names(key)) {
-            const nrd::misc::text32 file = nrd::misc::read_value(key, name);
+        for (const auto& [name, file] : nrd::misc::read_values(key, nrd::misc::value_names(key))) {
             for (SystemFont& font :
                  fontsOfRegistryValue(nrd::misc::to_utf8(name), nrd::misc::to_utf8(file)))
                 fonts.push_back(std::move(font));
@@ -60,7 +59,7 @@ bool nativeFontFileExists(const std::string& path)
     return GetFileAttributesW(wide(path).c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-std::string nativeMessageFace()
+NativeFont nativeMessageFont()
 {
     constexpr int MessageBoxFont = 805; // TMT_MSGBOXFONT
     // The record answers also where there are no themes.
@@ -69,7 +68,9 @@ std::string nativeMessageFace()
     LOGFONTW record = {};
     if (FAILED(GetThemeSysFont(theme.get(), MessageBoxFont, &record)))
         return {};
-    return narrow(record.lfFaceName);
+    return {.face = narrow(record.lfFaceName),
+            .weight = record.lfWeight,
+            .italic = record.lfItalic != FALSE};
 }
 
 } // namespace nui

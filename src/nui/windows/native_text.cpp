@@ -143,20 +143,22 @@ void setNativeTextLanguage(const std::string& /*code*/)
     // A face has one shape of each character.
 }
 
-NativeFacePtr openNativeFace(const std::string& name, std::int32_t pixels)
+NativeFacePtr openNativeFace(const NativeFont& font, std::int32_t pixels)
 {
     LOGFONTW record = {};
     record.lfHeight = -pixels;
+    record.lfWeight = font.weight;
+    record.lfItalic = font.italic ? TRUE : FALSE;
     record.lfCharSet = DEFAULT_CHARSET;
     record.lfQuality = CLEARTYPE_QUALITY;
-    const std::u16string units = nrd::misc::to_utf16(name);
+    const std::u16string units = nrd::misc::to_utf16(font.face);
     std::copy_n(units.begin(), std::min<std::size_t>(units.size(), LF_FACESIZE - 1),
                 record.lfFaceName);
 
     auto face = std::make_unique<NativeFace>();
     face->font.reset(CreateFontIndirectW(&record));
     const WindowContext context;
-    const Selected font(context.get(), face->font.get());
+    const Selected selected(context.get(), face->font.get());
     TEXTMETRICA metrics = {};
     GetTextMetricsA(context.get(), &metrics);
     face->lineHeight = metrics.tmHeight;
@@ -181,7 +183,7 @@ PixelSize measureNativeText(const NativeFace& face, const std::string& text, std
     return {box.right, box.bottom};
 }
 
-void drawNativeText(const NativeFace& face, const std::string& text, const NativeTextBox& box,
+bool drawNativeText(const NativeFace& face, const std::string& text, const NativeTextBox& box,
                     Coverage& picture)
 {
     std::wstring units = shownWide(text);
@@ -189,7 +191,7 @@ void drawNativeText(const NativeFace& face, const std::string& text, const Nativ
     void* pixels = nullptr;
     const BitmapHandle bitmap = pixelBitmap(context, picture.width, picture.height, &pixels);
     if (!bitmap)
-        return;
+        return false;
     const Selected drawnInto(context, bitmap.get());
     const Selected font(context, face.font.get());
     SetBkMode(context, TRANSPARENT);
@@ -214,6 +216,7 @@ void drawNativeText(const NativeFace& face, const std::string& text, const Nativ
                    picture.pixels.begin(), [](int covered, const RGBQUAD& color) {
                        return static_cast<std::uint8_t>((covered + sumOf(color) + 3) / 6);
                    });
+    return true;
 }
 
 } // namespace nui
