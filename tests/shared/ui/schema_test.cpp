@@ -1,6 +1,7 @@
 #include "nui/menus/popup_menu.h"
 #include "nui/reader/widget_registry.h"
 #include "nui/widgets/widget.h"
+#include "shared/ui/bindable_classes.h"
 #include "support/nui/layout.h"
 #include "support/nui/layout_folder.h"
 #include "support/nui/recording_reader.h"
@@ -47,8 +48,11 @@ std::string text(const Keys& keys)
     return lines;
 }
 
+/// Of the toolkit's classes and of those that models are bound to.
 class schema_test : public testing::Test {
 protected:
+    schema_test() { nrd::shared::ui::registerBindableClasses(); }
+
     /// All properties, those of what the definition extends included.
     [[nodiscard]] Json propertiesOf(const Json& definition) const
     {
