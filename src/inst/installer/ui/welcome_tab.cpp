@@ -40,6 +40,13 @@ void put_in_front(const std::string& name, nui::TextLabel& label)
     label.setText(name + label.getText());
 }
 
+bool shows_whole_text(const nui::TextField& field)
+{
+    nui::Font* const font = nui::engine().fonts.defaultEditFont.get();
+    return font == nullptr || font->getTextWidth(field.getText(), field.fontSize) <=
+                                  field.width - field.padding.both(nui::Axis::X, field.width);
+}
+
 welcome_tab& self(const nui::WidgetEvent& event)
 {
     return static_cast<welcome_tab&>(*static_cast<nui::Widget*>(event.user));
@@ -181,8 +188,8 @@ void welcome_tab::settle_first_layout()
     if (caret_placed_ || !(install_path_textfield_->width > least_laid_out_width)) {
         return;
     }
-    // Without the keyboard the field would show the path's beginning.
-    focus(*install_path_textfield_);
+    // A field without the keyboard shows the path's beginning.
+    focus(shows_whole_text(*install_path_textfield_) ? *install_button_ : *install_path_textfield_);
     install_path_textfield_->setCaret(behind_everything);
     caret_placed_ = true;
 }
