@@ -11,9 +11,8 @@ import tempfile
 import time
 
 from layout import RESOURCES, Layout
-from picture import Picture
 
-SECONDS = 30
+SECONDS = 60
 POLL = 0.02
 DIALOGS = ("already_installed_dialog", "obsolete_cutter_dialog", "program_running_dialog")
 
@@ -59,6 +58,8 @@ class Wizard:
         self.log_folder = machine.log_folder(settings)
         self.log_folder.mkdir(parents=True, exist_ok=True)
         self.logged_before = {file: file.stat().st_size for file in self.log_folder.iterdir()}
+        self.log_read, self.log_lines = 0, []
+        self.drawn = set()
         self.output = tempfile.TemporaryFile()
         self.process = subprocess.Popen(machine.command(program, *args), env=machine.environment,
                                         stdin=subprocess.DEVNULL, stdout=self.output,
@@ -78,12 +79,17 @@ class Wizard:
     def log(self):
         """The lines of this run so far, without the place in the source and the colon behind."""
         files = sorted(self.log_folder.iterdir())
-        if not files:
-            return []
-        known = self.logged_before.get(files[-1], 0)
-        text = files[-1].read_bytes()[known:].decode("utf-8", "replace")
-        lines = [line.rstrip("\r") for line in text.split("\n")]
-        return [line.split(": ", 1)[-1].removesuffix(":") for line in lines if line]
+        if files:
+            place = self.log_read or self.logged_before.get(files[-1], 0)
+            with files[-1].open("rb") as log:
+                log.seek(place)
+                whole = log.read().rpartition(b"\n")[0]
+            if whole:
+                self.log_read = place + len(whole) + 1
+                lines = whole.decode("utf-8", "replace").split("\n")
+                self.log_lines += [line.rstrip("\r").split(": ", 1)[-1].removesuffix(":")
+                                   for line in lines if line.rstrip("\r")]
+        return self.log_lines
 
     def printed(self):
         """What it wrote to its console so far."""
@@ -130,9 +136,9 @@ class Wizard:
         return read_texts()[dialog.replace("_dialog", "_title")][self.lang]
 
     def window(self, shown="welcome_main"):
-        """The window of a page or dialog, once it is on the screen and stands still."""
+        """The window of a page or dialog, once it stands still and can be used."""
         title = self.dialog_title(shown) if shown in DIALOGS else self.title
-        found = self._wait_for_window(title)
+        found = self.wait_for_window(title)
         places = []
 
         def stands_still():
@@ -140,9 +146,13 @@ class Wizard:
             return len(places) > 3 and len(set(places[-3:])) == 1
 
         wait_for(stands_still, f'the window "{title}" does not come to rest')
+        if found not in self.drawn:
+            wait_for(lambda: is_drawn(found), f'the window "{title}" is not drawn')
+            self.drawn.add(found)
         return found
 
-    def _wait_for_window(self, title):
+    def wait_for_window(self, title):
+        """The window of this title, once it has the keyboard."""
         def active():
             if self.process.poll() is not None:
                 self._fail(f'it ended {self.process.returncode} without the window "{title}"')
@@ -202,14 +212,20 @@ class Wizard:
 
     def picture(self, shown, file):
         """Writes what the window of a page or dialog shows, without its frame, into a PNG file."""
-        window = self.window(shown)
+        take_picture(self.window(shown), str(file))
 
-        def has_colours():
-            subprocess.run(["import", "-window", window, f"PNG24:{file}"], check=True,
-                           timeout=SECONDS, stdin=subprocess.DEVNULL)
-            return len(set(Picture(file).rows)) > 1
 
-        wait_for(has_colours, f"{shown} is not drawn")
+def take_picture(window, file):
+    """Puts what a window shows into a file, whose name tells its format; its bytes, if it is "-"."""
+    ended = subprocess.run(["import", "-window", window, "-depth", "8", file], check=True,
+                           timeout=SECONDS, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE)
+    return ended.stdout
+
+
+def is_drawn(window):
+    """Whether the program has drawn into its window, which is of one colour before."""
+    pixels = take_picture(window, "rgb:-")
+    return pixels != pixels[:3] * (len(pixels) // 3)
 
 
 def active_window(title):

@@ -1,6 +1,7 @@
 """The wizard from outside: pointer and keys go in; files, registry, log and exit status come out."""
 
 import json
+import os
 import time
 import unittest
 
@@ -203,6 +204,38 @@ class Installs(WizardTest):
             self.assertEqual(self.machine.uninstall_values(name)["InstallLocation"],
                              '"C:\\Tools\\Both\\"')
 
+    def pick_folder(self, wizard, folder):
+        """Picks a folder of drive C: after a click on the button; none is to cancel."""
+        stand_in = self.machine.folder / "bin" / "zenity"
+        if not IS_WINDOWS:
+            # The desktop's picker, which prints what was picked.
+            answer = f"echo {self.machine.drive / folder}" if folder else "exit 1"
+            stand_in.write_text(f"#!/bin/sh\n{answer}\n")
+            stand_in.chmod(0o755)
+        wizard.click("welcome_main", "browse_button")
+        if IS_WINDOWS:
+            wizard.wait_for_window("Select Folder")
+            if folder:
+                wizard.write(f"C:\\{folder}")
+            wizard.press("Return" if folder else "Escape")
+
+    def test_a_picked_folder_gets_the_products_name_behind_it(self):
+        self.package.add(0, install_xml())
+        (self.machine.drive / "Tools").mkdir()
+        if not IS_WINDOWS:
+            (self.machine.folder / "bin").mkdir()
+            self.machine.environment["PATH"] = f"{self.machine.folder / 'bin'}:{os.environ['PATH']}"
+        asked = ["Welcome tab browse clicked.", "Welcome Tab default browse path.",
+                 "Default path is parent path."]
+        with self.start() as wizard:
+            wizard.wait_for_page()
+            self.pick_folder(wizard, None)
+            self.pick_folder(wizard, "Tools")
+            wizard.wait_for_line("Welcome tab folder picked.")
+            self.install(wizard)
+            self.expect_end(wizard, asked * 2, ["Welcome tab folder picked."], INSTALLATION, FINISH)
+        self.assertEqual(self.machine.files("Tools/Trial"), INSTALLED)
+
     def test_the_keyboard_is_enough_in_another_language_and_with_other_folders(self):
         self.package.add(0, install_xml(rest='<shortcuts><shortcut location="${DESKTOP}\\T" '
                                              'destination="x"/></shortcuts>'))
@@ -337,6 +370,7 @@ class Failures(WizardTest):
             (resources / "langfile.txt", "key\ten\n\na\tb", "Engine init.",
              "Language file is broken."),
             (welcome, without_button, "Loading widgets.", '"install_button"'),
+            (welcome, "{", "Loading widgets.", '"welcome_main"'),
             (window, without_holder, "Loading widgets.", '"tab_holder"'),
             (window, "{", "Loaded widgets.", '"installer_main"'),
             (window, None, "Loaded widgets.", '"installer_main"'),
@@ -425,7 +459,7 @@ class ObsoleteCutters(WizardTest):
 class LongCopies(WizardTest):
     """A folder of many files, which takes long enough to do something meanwhile."""
 
-    COUNT = 1500
+    COUNT = 800
     LAST = "Installer App install complete."
 
     def add_many_files(self):
