@@ -37,27 +37,27 @@ dialog& dialog::operator=(const dialog& other)
         nui::Screen::operator=(other);
         result = other.result;
         on_ok = other.on_ok;
-        title_container_ = nullptr;
-        ok_button_ = nullptr;
-        cancel_button_ = nullptr;
+        titleContainer_ = nullptr;
+        okButton_ = nullptr;
+        cancelButton_ = nullptr;
     }
     return *this;
 }
 
 void dialog::init(nui::WidgetPack& /*pack*/, nui::WidgetMap& /*widgets*/)
 {
-    title_container_ = findByName("title_container");
-    ok_button_ = findByName("ok_button");
-    cancel_button_ = findByName("cancel_button");
-    let_keys_begin(*this);
+    titleContainer_ = findByName("title_container");
+    okButton_ = findByName("ok_button");
+    cancelButton_ = findByName("cancel_button");
+    letKeysBegin(*this);
     nui::Widget* const user = this;
-    if (ok_button_ != nullptr)
-        nui::subscribe(*ok_button_, nui::plain_event::Activate, onOkClick, user);
-    if (cancel_button_ == nullptr)
+    if (okButton_ != nullptr)
+        nui::subscribe(*okButton_, nui::plain_event::Activate, onOkClick, user);
+    if (cancelButton_ == nullptr)
         return;
-    nui::subscribe(*cancel_button_, nui::plain_event::Activate, onCancelClick, user);
+    nui::subscribe(*cancelButton_, nui::plain_event::Activate, onCancelClick, user);
     // Keys go to what has the keyboard, and no further.
-    for (nui::Widget* const listened : {user, ok_button_, cancel_button_}) {
+    for (nui::Widget* const listened : {user, okButton_, cancelButton_}) {
         if (listened != nullptr)
             nui::subscribe(*listened, nui::keyboard::Down, onKey, user);
     }
@@ -66,8 +66,8 @@ void dialog::init(nui::WidgetPack& /*pack*/, nui::WidgetMap& /*widgets*/)
 void dialog::openWindow()
 {
     nui::Screen::openWindow();
-    if (title_container_ != nullptr && isOpen())
-        SDL_SetWindowHitTest(window->sdlWindow(), testTitle, title_container_);
+    if (titleContainer_ != nullptr && isOpen())
+        SDL_SetWindowHitTest(window->sdlWindow(), testTitle, titleContainer_);
 }
 
 void dialog::onOkClick(nui::WidgetEvent& event)
@@ -117,13 +117,13 @@ void show(const std::shared_ptr<dialog>& shown)
     engine.addScreen(shown);
     engine.screens.makeCurrent(shown);
     // What was pressed when it was shown last is not so any more.
-    for (nui::Widget* const button : {shown->ok_button_, shown->cancel_button_}) {
+    for (nui::Widget* const button : {shown->okButton_, shown->cancelButton_}) {
         if (button != nullptr)
             button->resetState();
     }
     // Return answers, and Tab has a place to start from.
     if (nui::Widget* const first =
-            shown->ok_button_ != nullptr ? shown->ok_button_ : shown->cancel_button_) {
+            shown->okButton_ != nullptr ? shown->okButton_ : shown->cancelButton_) {
         shown->focusedWidget = first->shared_from_this();
         nui::KeyboardEvent gained(nui::keyboard::FocusGained);
         nui::dispatch(*first, gained, nui::Phase::AtTarget);

@@ -8,6 +8,9 @@
 
 namespace nrd::shared::ui {
 
+// Names are written as those who use it, the wizard's pages, write theirs.
+// NOLINTBEGIN(readability-identifier-naming)
+
 /// A small window of its own with an OK and a Cancel button, shown beside the main window or waited
 /// for. A layout file describes it; children named "title_container", "ok_button" and
 /// "cancel_button" have their part in it, and any may be missing. Escape is Cancel, where there is
@@ -42,9 +45,9 @@ private:
 
     friend void show(const std::shared_ptr<dialog>& shown);
 
-    nui::Widget* title_container_ = nullptr;
-    nui::Widget* ok_button_ = nullptr;
-    nui::Widget* cancel_button_ = nullptr;
+    nui::Widget* titleContainer_ = nullptr;
+    nui::Widget* okButton_ = nullptr;
+    nui::Widget* cancelButton_ = nullptr;
 };
 
 /// Opens the dialog over the main window, if there is one, and returns; its buttons close it.
@@ -54,5 +57,7 @@ void show(const std::shared_ptr<dialog>& shown);
 /// or the engine quits. Answers the dialog's result; at once for one that was answered before,
 /// whose window then stays open.
 int show_modal(const std::shared_ptr<dialog>& shown);
+
+// NOLINTEND(readability-identifier-naming)
 
 } // namespace nrd::shared::ui

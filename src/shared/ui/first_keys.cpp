@@ -43,7 +43,7 @@ void onKey(nui::WidgetEvent& event)
 
 } // namespace
 
-void let_keys_begin(nui::Screen& screen)
+void letKeysBegin(nui::Screen& screen)
 {
     nui::subscribe(screen, nui::keyboard::Down, onKey, nullptr);
 }

@@ -99,7 +99,7 @@ misc::path settings_store::shared_file(const char* name) const
 /// A folder that cannot be made has no files to read.
 misc::path settings_store::folder(const char* name) const
 {
-    const misc::path made = root_ / company / name;
+    misc::path made = root_ / company / name;
     misc::error_code ignored;
     misc::create_directories(made, ignored);
     return made;

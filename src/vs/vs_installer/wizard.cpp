@@ -31,7 +31,7 @@ std::shared_ptr<installer_window> open_window(nui::WidgetMap& widgets)
 {
     const nui::WidgetPtr found = widgets["installer_main"];
     installer::ui::require<installer_window>(found.get(), "the wizard", "installer_main");
-    const auto window = std::static_pointer_cast<installer_window>(found);
+    auto window = std::static_pointer_cast<installer_window>(found);
     window->openWindow();
     nui::engine().addScreen(window);
     return window;

@@ -39,7 +39,7 @@ protected:
                   buttons + "]}]}";
         std::replace(layout_.begin(), layout_.end(), '\'', '"');
         loaded_ = std::make_unique<nui::test::LayoutText>(layout_);
-        asked_ = std::dynamic_pointer_cast<dialog>(loaded_->find("asked"));
+        asked = std::dynamic_pointer_cast<dialog>(loaded_->find("asked"));
         open("{'class': 'Widget', 'name': 'content'}");
         engine().setClock([] { return std::uint64_t(SDL_GetTicks64()); });
     }
@@ -50,32 +50,32 @@ protected:
         act_ = std::move(act);
         nui::subscribe(*screen, nui::TimerDue, onTimer, this);
         engine().addTimer(50, screen, false);
-        const int result = show_modal(asked_);
+        const int result = show_modal(asked);
         nui::unsubscribe(*screen, nui::TimerDue, onTimer);
         return result;
     }
 
     void clickOn(const std::string& name)
     {
-        const nui::Widget& widget = *asked_->findByName(name);
-        toolkit.target = asked_;
+        const nui::Widget& widget = *asked->findByName(name);
+        toolkit.target = asked;
         moveTo(widget);
         toolkit.press();
         toolkit.release();
     }
 
-    std::shared_ptr<dialog> asked_;
+    std::shared_ptr<dialog> asked;
 
 private:
     static void onTimer(nui::WidgetEvent& event)
     {
         auto& test = *static_cast<dialog_test*>(event.user);
-        test.toolkit.target = test.asked_;
-        engine().keyboard.focusScreen = test.asked_; // as a window manager does
+        test.toolkit.target = test.asked;
+        engine().keyboard.focusScreen = test.asked; // as a window manager does
         engine().draw(true);
         test.act_();
-        if (test.asked_->result == 0 && !engine().hasQuit())
-            test.asked_->closeWindow(); // else the wait would not end
+        if (test.asked->result == 0 && !engine().hasQuit())
+            test.asked->closeWindow(); // else the wait would not end
     }
 
     std::string layout_;
@@ -87,7 +87,7 @@ TEST_F(dialog_test, is_modal_over_the_main_window_until_it_is_answered)
 {
     openWith(button("ok_button") + button("cancel_button"));
     std::string told;
-    asked_->on_ok = [&] { told += asked_->isOpen() ? "open" : "closed"; };
+    asked->on_ok = [&] { told += asked->isOpen() ? "open" : "closed"; };
     bool blocked = false;
     EXPECT_EQ(answer([&] {
                   blocked = !screen->window->enabled;
@@ -96,20 +96,20 @@ TEST_F(dialog_test, is_modal_over_the_main_window_until_it_is_answered)
               dialog::ok);
     EXPECT_TRUE(blocked);
     EXPECT_EQ(told, "open");
-    EXPECT_FALSE(asked_->isOpen());
+    EXPECT_FALSE(asked->isOpen());
     EXPECT_TRUE(screen->window->enabled);
     // An answer stays.
-    EXPECT_EQ(show_modal(asked_), dialog::ok);
-    EXPECT_TRUE(asked_->isOpen());
+    EXPECT_EQ(show_modal(asked), dialog::ok);
+    EXPECT_TRUE(asked->isOpen());
 }
 
 TEST_F(dialog_test, is_cancelled_by_its_button_and_by_escape)
 {
     openWith(button("ok_button") + button("cancel_button"));
     EXPECT_EQ(answer([&] { clickOn("cancel_button"); }), dialog::cancel);
-    asked_->result = 0;
+    asked->result = 0;
     EXPECT_EQ(answer([&] { toolkit.key(SDLK_ESCAPE); }), dialog::cancel);
-    asked_->result = 0;
+    asked->result = 0;
     // Return answers from the start.
     EXPECT_EQ(answer([&] { toolkit.key(SDLK_RETURN); }), dialog::ok);
 }
@@ -119,7 +119,7 @@ TEST_F(dialog_test, without_a_cancel_button_knows_no_escape)
     openWith(button("ok_button"));
     EXPECT_EQ(answer([&] {
                   toolkit.key(SDLK_ESCAPE);
-                  EXPECT_TRUE(asked_->isOpen());
+                  EXPECT_TRUE(asked->isOpen());
                   clickOn("ok_button");
               }),
               dialog::ok);
@@ -128,31 +128,31 @@ TEST_F(dialog_test, without_a_cancel_button_knows_no_escape)
 TEST_F(dialog_test, that_is_closed_otherwise_has_no_answer)
 {
     openWith(button("ok_button") + button("cancel_button"));
-    EXPECT_EQ(answer([&] { toolkit.windowEvent(SDL_WINDOWEVENT_CLOSE, *asked_); }), 0);
-    EXPECT_FALSE(asked_->isOpen());
+    EXPECT_EQ(answer([&] { toolkit.windowEvent(SDL_WINDOWEVENT_CLOSE, *asked); }), 0);
+    EXPECT_FALSE(asked->isOpen());
     EXPECT_EQ(answer([&] { engine().quit(); }), 0);
-    EXPECT_TRUE(asked_->isOpen());
+    EXPECT_TRUE(asked->isOpen());
 }
 
 TEST_F(dialog_test, that_is_only_shown_closes_by_its_buttons)
 {
     openWith("");
-    show(asked_); // without any button there is nothing to answer
-    EXPECT_TRUE(asked_->isOpen());
-    asked_->on_cancel();
-    EXPECT_EQ(asked_->result, dialog::cancel);
-    EXPECT_FALSE(asked_->isOpen());
+    show(asked); // without any button there is nothing to answer
+    EXPECT_TRUE(asked->isOpen());
+    asked->on_cancel();
+    EXPECT_EQ(asked->result, dialog::cancel);
+    EXPECT_FALSE(asked->isOpen());
 }
 
 TEST_F(dialog_test, before_there_is_a_main_window_stands_alone)
 {
     openWith(button("ok_button"));
     engine().closeScreen(screen);
-    show(asked_);
-    EXPECT_EQ(asked_->parent, nullptr);
+    show(asked);
+    EXPECT_EQ(asked->parent, nullptr);
     engine().draw(true);
     EXPECT_FALSE(engine().hasQuit());
-    EXPECT_TRUE(asked_->isOpen());
+    EXPECT_TRUE(asked->isOpen());
 }
 
 } // namespace

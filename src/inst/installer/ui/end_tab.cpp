@@ -34,7 +34,9 @@ end_tab::end_tab(const end_tab& other)
 
 end_tab& end_tab::operator=(const end_tab& other)
 {
-    nui::Container::operator=(other);
+    if (this != &other) {
+        nui::Container::operator=(other);
+    }
     return *this;
 }
 

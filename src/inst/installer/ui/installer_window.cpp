@@ -41,7 +41,7 @@ void installer_window::init(nui::WidgetPack& pack, nui::WidgetMap& /*widgets*/)
         require<nui::Container>(pages.findChild(page).get(), "tab_holder", page);
     }
     pages.show("welcome_main");
-    shared::ui::let_keys_begin(*this);
+    shared::ui::letKeysBegin(*this);
     setTitle("Install " + misc::to_utf8(app().name()));
     installer_log("Installer window initialised.");
 }

@@ -30,7 +30,9 @@ installing_tab::installing_tab(std::shared_ptr<model::installing_tab_model> shar
 
 installing_tab& installing_tab::operator=(const installing_tab& other)
 {
-    nui::Container::operator=(other);
+    if (this != &other) {
+        nui::Container::operator=(other);
+    }
     return *this;
 }
 

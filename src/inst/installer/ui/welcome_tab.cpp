@@ -68,7 +68,9 @@ welcome_tab::welcome_tab(const welcome_tab& other)
 
 welcome_tab& welcome_tab::operator=(const welcome_tab& other)
 {
-    nui::Container::operator=(other);
+    if (this != &other) {
+        nui::Container::operator=(other);
+    }
     return *this;
 }
 

@@ -50,8 +50,8 @@ struct models {
 
     static models*& current()
     {
-        static models* ofTheTest = nullptr;
-        return ofTheTest;
+        static models* of_the_test = nullptr;
+        return of_the_test;
     }
 
     model::installer_app app;

@@ -53,6 +53,7 @@ std::optional<answer> ask(std::vector<std::string> command)
         return std::nullopt;
     }
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (std::string& each : command) {
         arguments.push_back(each.data());
     }
