@@ -129,7 +129,7 @@ void measure_layout()
 /// Containers in each other, each with a widget beside the next one.
 std::shared_ptr<Container> nested(int depth, SizeMode mode)
 {
-    const auto root = std::make_shared<Container>();
+    auto root = std::make_shared<Container>();
     root->widthMode = root->heightMode = nui::Px;
     root->widthValue = root->heightValue = 2000;
     Container* outer = root.get();
