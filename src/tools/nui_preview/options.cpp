@@ -70,35 +70,50 @@ window_size size_of(const std::string& text)
     return size;
 }
 
+/// The text that an option with a plain value fills; null for other words.
+std::optional<std::string>* plain_value(preview_options& options, const std::string& word)
+{
+    if (word == "--resources") {
+        return &options.resources;
+    }
+    if (word == "--png") {
+        return &options.picture;
+    }
+    if (word == "--tree") {
+        return &options.tree;
+    }
+    return word == "--play" ? &options.script : nullptr;
+}
+
+/// Takes one word, with its value if it is an option that has one.
+void read_word(preview_options& options, const std::vector<std::string>& args, std::size_t& i)
+{
+    const std::string& word = args[i];
+    if (std::optional<std::string>* const value = plain_value(options, word)) {
+        *value = value_of(args, i);
+    } else if (word == "--lang") {
+        options.lang = value_of(args, i);
+    } else if (word == "--size") {
+        options.size = size_of(value_of(args, i));
+    } else if (word == "--help") {
+        options.help = true;
+    } else if (word.starts_with("--")) {
+        throw wrong_options("The option " + word + " is not known, see --help.");
+    } else if (!options.file.empty()) {
+        throw wrong_options("There are two layout files, " + options.file + " and " + word +
+                            ", and one at a time can be shown.");
+    } else {
+        options.file = word;
+    }
+}
+
 } // namespace
 
 preview_options parse_options(const std::vector<std::string>& args)
 {
     preview_options options;
     for (std::size_t i = 1; i < args.size(); ++i) {
-        const std::string& word = args[i];
-        if (word == "--resources") {
-            options.resources = value_of(args, i);
-        } else if (word == "--lang") {
-            options.lang = value_of(args, i);
-        } else if (word == "--size") {
-            options.size = size_of(value_of(args, i));
-        } else if (word == "--png") {
-            options.picture = value_of(args, i);
-        } else if (word == "--tree") {
-            options.tree = value_of(args, i);
-        } else if (word == "--play") {
-            options.script = value_of(args, i);
-        } else if (word == "--help") {
-            options.help = true;
-        } else if (word.starts_with("--")) {
-            throw wrong_options("The option " + word + " is not known, see --help.");
-        } else if (!options.file.empty()) {
-            throw wrong_options("There are two layout files, " + options.file + " and " + word +
-                                ", and one at a time can be shown.");
-        } else {
-            options.file = word;
-        }
+        read_word(options, args, i);
     }
     if (options.file.empty() && !options.help) {
         throw wrong_options("There is no layout file to show, see --help.");
