@@ -57,7 +57,7 @@ public:
 
     std::shared_ptr<Container> tree()
     {
-        const std::shared_ptr<Container> root = make_();
+        std::shared_ptr<Container> root = make_();
         fill(*root, 0);
         for (const auto axis : {nui::Axis::X, nui::Axis::Y}) {
             const bool isContent = below(3) == 0;
@@ -182,7 +182,7 @@ TEST_F(nested_layout_test, what_is_not_laid_out_twice_gets_the_same_rectangles)
 /// Containers in each other, `depth` of them, and a text in the last.
 std::shared_ptr<Container> nested(int depth, const std::function<void(Container&, int)>& setKeys)
 {
-    const auto root = std::make_shared<Container>();
+    auto root = std::make_shared<Container>();
     root->widthMode = root->heightMode = nui::Px;
     root->widthValue = root->heightValue = 900;
     Container* inner = root.get();
@@ -201,7 +201,7 @@ std::shared_ptr<Container> nested(int depth, const std::function<void(Container&
 TEST_F(nested_layout_test, the_work_grows_with_the_levels_and_not_with_their_power)
 {
     const auto measures = [](int depth, const std::function<void(Container&, int)>& setKeys) {
-        const auto root = nested(depth, setKeys);
+        auto root = nested(depth, setKeys);
         Flowing::measured = 0;
         nui::test::layOut(*root);
         return Flowing::measured;

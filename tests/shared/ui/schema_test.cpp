@@ -15,18 +15,18 @@
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-using Keys = std::map<std::string, std::string>;
+using json_value = nlohmann::ordered_json;
+using key_set = std::map<std::string, std::string>;
 
 /// The tests run in the folder of the tests.
-Json schema()
+json_value schema()
 {
     std::ifstream file("../docs/layout.schema.json", std::ios::binary);
-    return Json::parse(file);
+    return json_value::parse(file);
 }
 
 /// What a property must be, in RecordingReader's words.
-std::string kindOf(const Json& property)
+std::string kindOf(const json_value& property)
 {
     if (property.contains("$ref")) {
         const auto reference = property["$ref"].get<std::string>();
@@ -35,12 +35,12 @@ std::string kindOf(const Json& property)
     if (!property.contains("enum"))
         return property["type"];
     std::string kind = "enum";
-    for (const Json& word : property["enum"])
+    for (const json_value& word : property["enum"])
         kind += ' ' + word.get<std::string>();
     return kind;
 }
 
-std::string text(const Keys& keys)
+std::string text(const key_set& keys)
 {
     std::string lines;
     for (const auto& [key, kind] : keys)
@@ -54,32 +54,33 @@ protected:
     schema_test() { nrd::shared::ui::registerBindableClasses(); }
 
     /// All properties, those of what the definition extends included.
-    [[nodiscard]] Json propertiesOf(const Json& definition) const
+    [[nodiscard]] json_value propertiesOf(const json_value& definition) const
     {
-        Json properties = Json::object();
+        json_value properties = json_value::object();
         if (definition.contains("$ref")) {
             const auto reference = definition["$ref"].get<std::string>();
-            properties = propertiesOf(whole.at(Json::json_pointer(reference.substr(1))));
+            properties = propertiesOf(whole.at(json_value::json_pointer(reference.substr(1))));
         }
         if (definition.contains("properties"))
             properties.update(definition["properties"]);
         return properties;
     }
 
-    [[nodiscard]] std::string keysOf(const Json& definition) const
+    [[nodiscard]] std::string keysOf(const json_value& definition) const
     {
-        Keys keys;
-        const Json properties = propertiesOf(definition);
+        key_set keys;
+        const json_value properties = propertiesOf(definition);
         for (const auto& [key, property] : properties.items())
             keys.emplace(key, kindOf(property));
         return text(keys);
     }
 
     /// Values of all kinds that the schema allows, one after the other.
-    [[nodiscard]] Json someValueOf(const std::string& key, const Json& property, int turn) const
+    [[nodiscard]] json_value someValueOf(const std::string& key, const json_value& property,
+                                         int turn) const
     {
         const std::string kind = kindOf(property);
-        const auto inTurn = [turn](const Json& values) {
+        const auto inTurn = [turn](const json_value& values) {
             return values[static_cast<std::size_t>(turn) % values.size()];
         };
         if (property.contains("enum"))
@@ -93,26 +94,26 @@ protected:
         if (kind == "number")
             return turn;
         if (kind == "array")
-            return Json::array();
+            return json_value::array();
         if (kind == "object")
             return someObjectOf(property, turn);
-        const Json& definition = whole["$defs"][kind];
+        const json_value& definition = whole["$defs"][kind];
         return definition.contains("examples") ? inTurn(definition["examples"])
                                                : someObjectOf(definition, turn);
     }
 
-    [[nodiscard]] Json someObjectOf(const Json& definition, int turn) const
+    [[nodiscard]] json_value someObjectOf(const json_value& definition, int turn) const
     {
-        Json object = Json::object();
-        const Json properties = propertiesOf(definition);
+        json_value object = json_value::object();
+        const json_value properties = propertiesOf(definition);
         for (const auto& [key, property] : properties.items())
             object[key] = someValueOf(key, property, turn);
         return object;
     }
 
     nui::test::MeasuringEngine engine;
-    Json whole = schema();
-    const Json& classes = whole["$defs"]["classes"];
+    json_value whole = schema();
+    const json_value& classes = whole["$defs"]["classes"];
 };
 
 TEST_F(schema_test, each_class_has_the_keys_that_it_reads_and_no_others)
@@ -129,15 +130,15 @@ TEST_F(schema_test, each_class_has_the_keys_that_it_reads_and_no_others)
 
 TEST_F(schema_test, each_class_is_known_wherever_the_schema_lists_them)
 {
-    const Json& widget = whole["$defs"]["widget"];
-    const Json& names = widget["properties"]["class"]["anyOf"][0]["enum"];
+    const json_value& widget = whole["$defs"]["widget"];
+    const json_value& names = widget["properties"]["class"]["anyOf"][0]["enum"];
     ASSERT_EQ(names.size(), classes.size());
     ASSERT_EQ(widget["allOf"].size(), classes.size() + 1);
     EXPECT_EQ(widget["allOf"].back()["if"]["properties"]["class"]["enum"], names);
     std::size_t index = 0;
     for (const auto& [name, definition] : classes.items()) {
         EXPECT_EQ(names[index], name);
-        const Json& rule = widget["allOf"][index];
+        const json_value& rule = widget["allOf"][index];
         EXPECT_EQ(rule["if"]["properties"]["class"]["const"], name);
         EXPECT_EQ(rule["then"]["$ref"], "#/$defs/classes/" + name);
         ++index;
@@ -158,8 +159,8 @@ TEST_F(schema_test, a_file_that_makes_use_of_everything_is_read_to_the_last_key)
 {
     // As many rounds as a kind has examples at the most.
     for (int turn = 0; turn < 10; ++turn) {
-        Json file = someObjectOf(whole, turn);
-        file["include"] = Json::array({"part.json"});
+        json_value file = someObjectOf(whole, turn);
+        file["include"] = json_value::array({"part.json"});
         file["constants"]["ink"] = "#000000";
         file["themes"]["first"]["ink"] = "#000000";
         file["menus"].push_back(someObjectOf(whole["$defs"]["menu"], turn));
@@ -167,7 +168,7 @@ TEST_F(schema_test, a_file_that_makes_use_of_everything_is_read_to_the_last_key)
         file["menus"].back()["children"].push_back(someObjectOf(whole["$defs"]["menuItem"], turn));
         file["templates"].push_back({{"class", "Widget"}, {"id", "look"}});
         for (const auto& [name, definition] : classes.items()) {
-            Json widget = someObjectOf(definition, turn);
+            json_value widget = someObjectOf(definition, turn);
             widget["class"] = name;
             widget["template"] = "look";
             file["widgets"].push_back(std::move(widget));
