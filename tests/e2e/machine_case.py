@@ -18,3 +18,19 @@ class MachineTest(unittest.TestCase):
         self.addCleanup(self.machine.close)
         self.package = Package()
         self.addCleanup(self.package.close)
+
+    def expect_whole_product(self):
+        """Its files, its entry in the system's list, its registry value, path entry and link."""
+        self.assertEqual(self.machine.files(TARGET), INSTALLED)
+        path = "C:\\Program Files\\Trial\\"
+        self.assertEqual(self.machine.uninstall_values("Trial"), {
+            "UninstallString": f'"{path}uninstaller.dir\\uninstall.bat"',
+            "InstallLocation": f'"{path}"', "DisplayName": "Trial", "DisplayVersion": "1.0",
+            "Publisher": "Tavrolen Corporation"})
+        self.assertEqual(self.machine.registry(r"HKLM\SOFTWARE\Trial"),
+                         {r"HKEY_LOCAL_MACHINE\SOFTWARE\Trial": {"Path": path + "x"}})
+        data = self.machine.drive / "ProgramData"
+        index = (data / "Tavrolen Corporation" / "tvl_path_index.txt").read_text()
+        self.assertEqual(index.replace("\r", ""), f"TRIAL\t0\t{path}lib\n")
+        links = [file.name for file in data.rglob("*.lnk")]
+        self.assertEqual(links, ["Trial.lnk"])

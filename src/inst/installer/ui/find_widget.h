@@ -1,5 +1,6 @@
 #pragma once
 
+#include "nui/reader/widget_pack.h"
 #include "nui/widgets/container.h"
 
 #include <stdexcept>
@@ -28,6 +29,14 @@ template <class T> T& require(nui::Widget* found, const std::string& owner, cons
 template <class T> T& find_widget(nui::Container& owner, const std::string& name)
 {
     return require<T>(owner.findByName(name), owner.name.empty() ? owner.id : owner.name, name);
+}
+
+/// The widget of that name among all that the layout files have.
+template <class T>
+T& find_widget(nui::WidgetPack& pack, const std::string& owner, const std::string& name)
+{
+    const auto found = pack.widgets.find(name);
+    return require<T>(found == pack.widgets.end() ? nullptr : found->second.get(), owner, name);
 }
 
 } // namespace nrd::installer::ui

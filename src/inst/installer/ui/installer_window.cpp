@@ -32,10 +32,7 @@ model::installer_app& installer_window::app() const
 void installer_window::init(nui::WidgetPack& pack, nui::WidgetMap& /*widgets*/)
 {
     installer_log("Installer window initialising.");
-    const auto found = pack.widgets.find("tab_holder");
-    auto& pages =
-        require<nui::PagesContainer>(found == pack.widgets.end() ? nullptr : found->second.get(),
-                                     "installer_main", "tab_holder");
+    auto& pages = find_widget<nui::PagesContainer>(pack, "installer_main", "tab_holder");
     // A page whose file is missing or faulty would only be noticed when it is to be shown.
     for (const char* const page : {"welcome_main", "installing_main", "end_main"}) {
         require<nui::Container>(pages.findChild(page).get(), "tab_holder", page);

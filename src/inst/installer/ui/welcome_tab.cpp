@@ -24,10 +24,8 @@ constexpr float least_laid_out_width = 2;
 
 std::shared_ptr<shared::ui::dialog> find_dialog(nui::WidgetPack& pack, const std::string& name)
 {
-    const auto found = pack.widgets.find(name);
-    nui::Widget* const widget = found == pack.widgets.end() ? nullptr : found->second.get();
     return std::static_pointer_cast<shared::ui::dialog>(
-        require<shared::ui::dialog>(widget, "welcome_main", name).shared_from_this());
+        find_widget<shared::ui::dialog>(pack, "welcome_main", name).shared_from_this());
 }
 
 nui::TextLabel& warning_of(shared::ui::dialog& owner)
