@@ -191,6 +191,13 @@ TEST_F(image_buttons_test, a_disabled_toggle_button_looks_so_and_its_clone_toggl
     EXPECT_FALSE(toggle.isSelected());
     toggle.setEnabled(true);
     EXPECT_EQ(toggle.children().front()->backgroundColor, 0xFFFFFFFF);
+    toggle.setSelected(true);
+    const std::uint32_t selectedColor = toggle.item(true)->backgroundColor;
+    toggle.setEnabled(false);
+    EXPECT_EQ(toggle.item(true)->backgroundColor, 0xFF808080);
+    toggle.setEnabled(true);
+    EXPECT_EQ(toggle.item(true)->backgroundColor, selectedColor);
+    toggle.setSelected(false);
     copy->setSelected(true);
     EXPECT_EQ(copy->children().size(), 1U);
     EXPECT_EQ(copy->children().front()->name, "on");

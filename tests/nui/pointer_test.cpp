@@ -289,6 +289,10 @@ TEST_F(pointer_test, a_popup_closes_by_a_press_beside_it)
     toolkit.press();
     toolkit.release();
     EXPECT_EQ(engine().popups.open(), popup);
+    const nui::WidgetPtr inside = popup->children().front();
+    engine().setFocus(inside);
+    engine().showPopup(popup);
+    EXPECT_EQ(screen->focusedWidget, inside) << "shown again, it stays open";
     toolkit.move(60, 10);
     toolkit.press();
     EXPECT_EQ(engine().popups.open(), nullptr);

@@ -36,13 +36,17 @@ void Popups::showOver(const WidgetPtr& popup, const Widget* opener)
     const ScreenPtr screen = engine_.screens.current();
     if (!screen || !popup)
         return;
-    // One that is shown again goes to the top.
-    std::size_t kept = levelOf(opener);
-    if (isOpen(*popup))
-        kept = std::min(kept, levelOf(popup.get()) - 1);
-    closeDownTo(kept);
-    open_.push_back(popup);
-    subscribe(*popup, touch::Press, onPress, this);
+    const std::size_t level = levelOf(popup.get());
+    std::size_t below = levelOf(opener);
+    if (level != 0)
+        below = std::min(below, level - 1);
+    // One that is shown again where it is stays, with the focus in it.
+    const bool stays = level == below + 1;
+    closeDownTo(stays ? level : below);
+    if (!stays) {
+        open_.push_back(popup);
+        subscribe(*popup, touch::Press, onPress, this);
+    }
     screen->add(popup);
     screen->markDirty();
 }

@@ -32,6 +32,7 @@ ToggleButton& ToggleButton::operator=(const ToggleButton& other)
 void ToggleButton::adoptState(const ToggleButton& other)
 {
     itemTemplate_ = other.itemTemplate_;
+    selectedItemTemplate_ = other.selectedItemTemplate_;
     selected_ = other.selected_;
     // What is shown has been cloned with the children, in order.
     const auto& items = other.children();
@@ -50,9 +51,8 @@ bool ToggleButton::read(NuiReader& reader)
     Container::read(reader);
     if (reader.readTemplateRef(itemTemplate_, "itemTemplate"))
         make(item_, itemTemplate_);
-    WidgetPtr selectedTemplate;
-    if (reader.readTemplateRef(selectedTemplate, "selectedItemTemplate"))
-        make(selectedItem_, selectedTemplate);
+    if (reader.readTemplateRef(selectedItemTemplate_, "selectedItemTemplate"))
+        make(selectedItem_, selectedItemTemplate_);
     showState();
     return true;
 }
@@ -128,14 +128,14 @@ void ToggleButton::setEnabled(bool enabled)
 {
     Container::setEnabled(enabled);
     const WidgetPtr child = find(item_.get()) ? item_ : selectedItem_;
-    if (!child || !itemTemplate_)
+    if (!child || !itemTemplate_ || !itemTemplate_->stateTemplates)
         return;
-    const StateTemplates* const looks = itemTemplate_->stateTemplates.get();
-    const Widget* look = itemTemplate_.get();
-    if (looks != nullptr && !enabled && looks->disabled)
-        look = looks->disabled.get();
-    else if (looks != nullptr && looks->normal)
-        look = looks->normal.get();
+    const StateTemplates& looks = *itemTemplate_->stateTemplates;
+    const Widget* look = child == item_ ? itemTemplate_.get() : selectedItemTemplate_.get();
+    if (!enabled && looks.disabled)
+        look = looks.disabled.get();
+    else if (looks.normal)
+        look = looks.normal.get();
     child->applyTemplate(look);
 }
 

@@ -39,6 +39,7 @@ private:
     [[nodiscard]] WidgetPtr hidden() const;
 
     WidgetPtr itemTemplate_;
+    WidgetPtr selectedItemTemplate_;
     WidgetPtr item_;
     WidgetPtr selectedItem_;
     bool selected_ = false;
