@@ -184,6 +184,17 @@ class Preview(unittest.TestCase):
             for part in told:
                 self.assertIn(part, ended.stderr)
             self.assertFalse((self.folder / "tree.json").exists())
+        self.write("langfile.txt", "key\ten\nHello\n")
+        ended = self.preview(SAMPLES / "borders.json", "--resources", self.folder, "--tree",
+                             self.folder / "tree.json")
+        self.assertEqual(ended.returncode, 1)
+        self.assertIn("langfile.txt: Language file is broken.", ended.stderr)
+        (self.folder / "langfile.txt").unlink()
+        layout = self.write("layout.json", f'{{"widgets": [{{{screen}, "children": [\n'
+                            '{"class": "Image", "file": "gone.png"}]}]}')
+        ended = self.preview(layout, "--tree", self.folder / "tree.json")
+        self.assertEqual(ended.returncode, 0, "it shows nothing there, and says so")
+        self.assertRegex(ended.stderr, r'layout.json:2:\d+: the picture "gone.png" cannot be loaded')
         ended = self.preview(self.folder / "no such file.json", "--tree", self.folder / "tree.json")
         self.assertEqual(ended.returncode, 1)
         self.assertIn("no such file.json", ended.stderr)

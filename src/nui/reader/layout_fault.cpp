@@ -37,6 +37,8 @@ std::string whatIsWrong(const LayoutFault& fault)
         return "no widget " + quoted(fault.detail) + " is known here";
     case MissingMenu:
         return "no menu " + quoted(fault.detail) + " is known here";
+    case MissingPicture:
+        return "the picture " + quoted(fault.detail) + " cannot be loaded";
     case NoImages:
         return "the image array " + quoted(fault.detail) + " has no images";
     case WrongType:

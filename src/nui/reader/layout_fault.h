@@ -21,7 +21,8 @@ struct LayoutFault {
         MissingTemplate,
         MissingWidget, ///< "#id" as a child
         MissingMenu,
-        NoImages, ///< the image array of that name has none
+        MissingPicture, ///< cannot be loaded; the widget shows nothing
+        NoImages,       ///< the image array of that name has none
         WrongType,
         UnknownValue, ///< a name, unit or colour that the key doesn't know
         UnknownKey    ///< a key that nobody read; the file works without it

@@ -70,12 +70,20 @@ void Image::measure()
     }
 }
 
+const TextureRef* readPicture(NuiReader& reader, const std::string& name, const char* key)
+{
+    const TextureRef* const texture = engine().loadTexture(name);
+    if (texture == nullptr && !name.empty())
+        reader.reportFault(LayoutFault::Kind::MissingPicture, name, key);
+    return texture;
+}
+
 bool Image::read(NuiReader& reader)
 {
     const bool answer = Widget::read(reader);
     std::string file;
     if (reader.readString(file, "file", true))
-        texture = engine().loadTexture(file);
+        texture = readPicture(reader, file, "file");
     auto mode = static_cast<std::uint32_t>(scaleMode);
     reader.readEnum(mode, "scaleMode", ScaleModeNames.data());
     scaleMode = static_cast<ImageScaleMode>(mode);

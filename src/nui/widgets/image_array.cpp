@@ -1,6 +1,5 @@
 #include "nui/widgets/image_array.h"
 
-#include "nui/engine/engine.h"
 #include "nui/reader/nui_reader.h"
 
 #include <string>
@@ -14,7 +13,7 @@ bool ImageArray::read(NuiReader& reader)
     if (reader.readStringList(files, "files")) {
         textures_.clear();
         for (const std::string& file : files)
-            textures_.push_back(engine().loadTexture(file));
+            textures_.push_back(readPicture(reader, file, "files"));
     }
     std::uint32_t index = 0;
     if (!reader.readUnsigned(index, "index"))

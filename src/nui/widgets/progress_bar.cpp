@@ -3,6 +3,7 @@
 #include "nui/draw/drawing.h"
 #include "nui/engine/engine.h"
 #include "nui/reader/nui_reader.h"
+#include "nui/widgets/image.h"
 
 #include <array>
 #include <cmath>
@@ -24,7 +25,7 @@ void readTexture(NuiReader& reader, const TextureRef*& texture, const char* key)
 {
     std::string file;
     if (reader.readString(file, key, true))
-        texture = engine().loadTexture(file);
+        texture = readPicture(reader, file, key);
 }
 
 } // namespace

@@ -19,8 +19,8 @@ constexpr nui::Color made_screen_background = 0xFFF0F0F0;
 /// What the toolkit passes over without losing anything of the file.
 bool is_remark(const nui::LayoutFault& fault)
 {
-    return fault.kind == nui::LayoutFault::Kind::UnknownValue ||
-           fault.kind == nui::LayoutFault::Kind::UnknownKey;
+    using enum nui::LayoutFault::Kind;
+    return fault.kind == UnknownValue || fault.kind == UnknownKey || fault.kind == MissingPicture;
 }
 
 /// In the order of the file, which the widgets' numbers keep.

@@ -1,6 +1,7 @@
 #include "tools/nui_preview/preview.h"
 
 #include "nui/engine/engine.h"
+#include "nui/reader/resource_path.h"
 #include "nui/widgets/screen.h"
 #include "shared/ui/bindable_classes.h"
 #include "tools/nui_preview/failure.h"
@@ -152,8 +153,13 @@ void preview::start_toolkit()
         throw failure("There is no folder " + *options_.resources + ".");
     }
     file_ = absolute_name(options_.file);
-    nui::Engine::start(options_.resources ? absolute_name(*options_.resources)
-                                          : resources_of(file_));
+    const std::string resources =
+        options_.resources ? absolute_name(*options_.resources) : resources_of(file_);
+    try {
+        nui::Engine::start(resources);
+    } catch (const std::out_of_range& error) {
+        throw failure(nui::joinPath(resources, "langfile.txt") + ": " + error.what());
+    }
     register_wizard_stand_ins();
     shared::ui::registerBindableClasses();
     toolkit_started_ = true;
