@@ -1,11 +1,13 @@
-"""How the parts of ./test say how many cases passed and failed."""
+"""How the parts of ./test say how many cases passed, and which failed."""
 
 import os
 
 
-def tally(passed, failed):
-    """Adds to the counts of this run, if there is one; gives the exit status of the part."""
+def tally(passed, failures):
+    """Adds a number and a list of names to what this run counts, if there is a run; gives the
+    exit status of the part."""
     if "VS5_TALLY" in os.environ:
         with open(os.environ["VS5_TALLY"], "a", encoding="utf-8") as counts:
-            counts.write(f"{passed} {failed}\n")
-    return 1 if failed else 0
+            counts.write(f"passed {passed}\n")
+            counts.writelines(f"failed {name}\n" for name in failures)
+    return 1 if failures else 0

@@ -7,7 +7,7 @@
 #include <commctrl.h>
 #include <windows.h>
 
-#include <memory>
+#include <unordered_map>
 
 namespace nui {
 
@@ -67,26 +67,26 @@ void SDLCALL onMessage(void* /*user*/, void* window, unsigned int message, Uint6
         {window, message, static_cast<std::uintptr_t>(wParam), static_cast<std::intptr_t>(lParam)});
 }
 
-LRESULT CALLBACK subclassProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                   UINT_PTR id, DWORD_PTR data)
+/// What the windows with a menu call before one of its menus opens; the main thread's.
+std::unordered_map<HWND, MenuOpening>& menuOpenings()
 {
-    auto* const opening = reinterpret_cast<MenuOpening*>(data);
-    if (message == WM_INITMENUPOPUP)
-        (*opening)(reinterpret_cast<void*>(wParam));
-    if (message == WM_NCDESTROY) {
-        RemoveWindowSubclass(window, subclassProcedure, id);
-        const std::unique_ptr<MenuOpening> owned(opening);
-    }
-    return DefSubclassProc(window, message, wParam, lParam);
+    static std::unordered_map<HWND, MenuOpening> openings;
+    return openings;
 }
 
-void removeMenuSubclass(HWND window)
+LRESULT CALLBACK subclassProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                   UINT_PTR id, DWORD_PTR /*data*/)
 {
-    DWORD_PTR data = 0;
-    if (GetWindowSubclass(window, subclassProcedure, MenuSubclass, &data) != FALSE) {
-        RemoveWindowSubclass(window, subclassProcedure, MenuSubclass);
-        const std::unique_ptr<MenuOpening> owned(reinterpret_cast<MenuOpening*>(data));
+    const auto found = menuOpenings().find(window);
+    if (message == WM_INITMENUPOPUP && found != menuOpenings().end()) {
+        const MenuOpening opening = found->second; // it may attach another menu
+        opening(reinterpret_cast<void*>(wParam));
     }
+    if (message == WM_NCDESTROY) {
+        RemoveWindowSubclass(window, subclassProcedure, id);
+        menuOpenings().erase(window);
+    }
+    return DefSubclassProc(window, message, wParam, lParam);
 }
 
 } // namespace
@@ -198,14 +198,13 @@ void attachNativeMenu(SDL_Window* window, void* menu,
     const HWND native = nativeOf(window);
     if (native == nullptr)
         return;
-    removeMenuSubclass(native);
+    RemoveWindowSubclass(native, subclassProcedure, MenuSubclass);
+    menuOpenings().erase(native);
     SetMenu(native, static_cast<HMENU>(menu));
     if (menu == nullptr || !opening)
         return;
-    auto kept = std::make_unique<MenuOpening>(opening);
-    if (SetWindowSubclass(native, subclassProcedure, MenuSubclass,
-                          reinterpret_cast<DWORD_PTR>(kept.get())) != FALSE)
-        static_cast<void>(kept.release()); // the window's now, until WM_NCDESTROY
+    if (SetWindowSubclass(native, subclassProcedure, MenuSubclass, 0) != FALSE)
+        menuOpenings()[native] = opening;
 }
 
 } // namespace nui

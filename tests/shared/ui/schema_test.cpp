@@ -156,7 +156,7 @@ TEST_F(schema_test, menus_and_their_items_have_the_keys_that_they_read)
 }
 
 /// There are none beside the file that could be loaded.
-void name_no_pictures(json_value& widget)
+void nameNoPictures(json_value& widget)
 {
     for (const char* const key :
          {"file", "imageFile", "backImageFile", "candystickImageFile", "candystickBackImageFile"}) {
@@ -185,7 +185,7 @@ TEST_F(schema_test, a_file_that_makes_use_of_everything_is_read_to_the_last_key)
             json_value widget = someObjectOf(definition, turn);
             widget["class"] = name;
             widget["template"] = "look";
-            name_no_pictures(widget);
+            nameNoPictures(widget);
             file["widgets"].push_back(std::move(widget));
         }
         const nui::test::LayoutFolder folder;
