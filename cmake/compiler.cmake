@@ -2,6 +2,7 @@
 
 option(VS5_WERROR "Treat warnings as errors" OFF)
 option(VS5_FUZZ "Build the fuzz targets, and nothing else" OFF)
+option(VS5_PRECOMPILE "Precompile the headers that are included most" OFF)
 set(VS5_SANITIZE "" CACHE STRING "Argument of -fsanitize for all code, or empty")
 
 # The builds for the thread sanitizer and the fuzzers hold only what those run.
@@ -29,15 +30,9 @@ add_compile_options(-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
 if(VS5_SANITIZE)
     add_compile_options(-fsanitize=${VS5_SANITIZE} -fno-omit-frame-pointer)
     add_link_options(-fsanitize=${VS5_SANITIZE})
-    # What the sanitizers add makes GCC see uninitialised values in its own library; the other
-    # builds warn of real ones.
-    target_compile_options(vs5_warnings INTERFACE
-        $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     if(VS5_SANITIZE MATCHES undefined)
-        add_compile_options(-fno-sanitize-recover=undefined)
-    endif()
-    if(VS5_FUZZ)
-        add_compile_options(-fsanitize-ignorelist=${PROJECT_SOURCE_DIR}/cmake/sanitizer_ignore.txt)
+        add_compile_options(-fno-sanitize-recover=undefined
+            -fsanitize-ignorelist=${PROJECT_SOURCE_DIR}/cmake/sanitizer_ignore.txt)
     endif()
     add_library(vs5_sanitizer_defaults OBJECT ${PROJECT_SOURCE_DIR}/cmake/sanitizer_defaults.cpp)
 else()

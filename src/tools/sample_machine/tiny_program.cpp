@@ -94,7 +94,7 @@ void add_optional_header(image& out)
     out.u32(0);                     // checksum
     out.u16(windowed);
     out.u16(0);
-    for (const std::uint64_t size : {0x100000, 0x1000, 0x100000, 0x1000}) {
+    for (const std::uint64_t size : {0x100000U, 0x1000U, 0x100000U, 0x1000U}) {
         out.address(size); // stack and heap, each reserved and committed
     }
     out.u32(0);
