@@ -21,6 +21,7 @@ add_library(vs5_warnings INTERFACE)
 target_compile_options(vs5_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual
     -Wold-style-cast -Wsuggest-override -Wimplicit-fallthrough
+    $<$<CXX_COMPILER_ID:Clang>:-Wreserved-identifier>
     $<$<BOOL:${VS5_WERROR}>:-Werror>)
 
 # Same input, same bytes, wherever the project lies: its path is in no file name that gets

@@ -1,6 +1,6 @@
 // Part of every program of a sanitizer build. The sanitizers and the dynamic loader call these, by
 // names of theirs.
-// NOLINTBEGIN(bugprone-reserved-identifier, readability-identifier-naming)
+// NOLINTBEGIN(readability-identifier-naming)
 
 extern "C" {
 const char* __ubsan_default_options()
@@ -45,4 +45,4 @@ int dlclose(void*)
 }
 }
 
-// NOLINTEND(bugprone-reserved-identifier, readability-identifier-naming)
+// NOLINTEND(readability-identifier-naming)

@@ -89,6 +89,9 @@ TEST_F(text_button_layout_test, one_line_that_does_not_wrap_has_the_display_s_wi
               "100x20: 'a b' at -945,0 in 2000x20 ffffffff lines 1\n");
     EXPECT_EQ(laidOut(keys + ", 'textAlignment': 'Right'"),
               "100x20: 'a b' at -1900,0 in 2000x20 ffffffff lines 1\n");
+    build("'text': 'a b', 'width': 10, 'height': 'content', 'wordWrap': false");
+    button->layout(0);
+    EXPECT_EQ(button->height, 40) << "only a single line goes on whatever the width";
 }
 
 TEST_F(text_button_layout_test, quarter_turns_come_from_whole_right_angles)

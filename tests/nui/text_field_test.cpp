@@ -290,9 +290,12 @@ TEST_F(text_field_test, a_scrolling_field_keeps_its_caret_in_view)
     EXPECT_EQ(shown(), "123456789012|");
     EXPECT_EQ(scroll(), -28);
     toolkit.move(60, 10);
-    toolkit.press();
-    toolkit.release();
-    EXPECT_EQ(field->caret(), 8); // (60 + 23) / 10
+    for (int press = 0; press < 2; ++press) {
+        toolkit.press();
+        toolkit.release();
+        EXPECT_EQ(field->caret(), 8); // (60 + 23) / 10
+    }
+    EXPECT_EQ(scroll(), -28) << "a press would move the text under the pointer";
     field->setText("short");
     EXPECT_EQ(scroll(), 0);
     nui::engine().setFocus(nullptr);

@@ -106,8 +106,7 @@ void Form::onFocusGained(WidgetEvent& event)
 {
     Widget& item = *event.target;
     const StateTemplates* const looks = item.stateTemplates.get();
-    // Without a normal look there would be no way back.
-    if (looks != nullptr && looks->over && looks->normal)
+    if (looks != nullptr && looks->over)
         item.applyTemplate(looks->over.get());
 }
 

@@ -99,10 +99,15 @@ bool TextButton::layout(std::uint32_t /*flags*/)
 }
 
 /// One long line that is never broken, whatever the room.
+bool TextButton::breaksLines() const
+{
+    return wordWrap || maxLines != 1;
+}
+
 bool TextButton::isOneLine() const
 {
     const SizeMode along = isTurned() ? heightMode : widthMode;
-    return !wordWrap && maxLines == 1 && along != Content;
+    return !breaksLines() && along != Content;
 }
 
 float TextButton::paddingOf(Axis axis) const
@@ -123,7 +128,7 @@ void TextButton::measure()
             along = static_cast<float>(engine().metrics.width);
         TextLayout layout = textLayout(along, across);
         layout.text = measuredText();
-        layout.wordWrap = wordWrap;
+        layout.wordWrap = breaksLines();
         Font* const measuring = font();
         setContentSize(measuring != nullptr ? measuring->measureText(layout) : TextSize{0, 0});
         limitContent();
@@ -169,7 +174,7 @@ void TextButton::placeTextBox()
 TextLayout TextButton::boxLayout() const
 {
     TextLayout layout = textLayout(textBox_.width, textBox_.height);
-    layout.wordWrap = wordWrap;
+    layout.wordWrap = breaksLines();
     // A side that is sized by the text has room for all of it.
     layout.maxLines = isMeasured() ? 0 : maxLines;
     return layout;

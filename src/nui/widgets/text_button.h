@@ -58,6 +58,8 @@ protected:
 
 private:
     [[nodiscard]] bool isTurned() const { return rotation % 2 == 1; }
+    /// False for one line that goes on whatever the width.
+    [[nodiscard]] bool breaksLines() const;
     [[nodiscard]] bool isOneLine() const;
     [[nodiscard]] bool isMeasured() const { return widthMode == Content || heightMode == Content; }
     [[nodiscard]] float paddingOf(Axis axis) const;

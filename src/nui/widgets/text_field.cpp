@@ -183,13 +183,18 @@ void TextField::finishEdit(const TextEditState& state)
     restartBlink();
 }
 
-void TextField::finishMove(std::int32_t newCaret, std::int32_t newAnchor)
+void TextField::moveTo(std::int32_t newCaret, std::int32_t newAnchor)
 {
     caret_ = newCaret;
     anchor_ = newAnchor;
     caretMoved_ = true;
-    followCaret();
     restartBlink();
+}
+
+void TextField::finishMove(std::int32_t newCaret, std::int32_t newAnchor)
+{
+    moveTo(newCaret, newAnchor);
+    followCaret();
 }
 
 void TextField::raise(EventType type)

@@ -100,7 +100,8 @@ private:
     [[nodiscard]] TextEditState editState() const;
     /// Takes over what an edit has made, and tells everybody.
     void finishEdit(const TextEditState& state);
-    /// The same for what only moved caret and anchor.
+    void moveTo(std::int32_t newCaret, std::int32_t newAnchor);
+    /// Moves both, and the view with the caret.
     void finishMove(std::int32_t newCaret, std::int32_t newAnchor);
     void raise(EventType type);
     void reloadHint();

@@ -98,7 +98,8 @@ void TextField::pressAt(TouchEvent& event)
     if (left && !getText().empty()) {
         const std::int32_t index = indexAt(placeOf(event));
         if (index >= 0) {
-            finishMove(index, index);
+            // The view stays: the character that was pressed stays under the pointer.
+            moveTo(index, index);
             event.capture();
         }
     }

@@ -35,15 +35,17 @@ const installation::specs*& given_specs()
     return specs;
 }
 
-const std::shared_ptr<model::installer_app>& the_app()
+model::installer_app& the_app()
 {
-    static const auto only = std::make_shared<model::installer_app>(*given_specs());
+    static model::installer_app only(*given_specs());
     return only;
 }
 
-template <class Model> const std::shared_ptr<Model>& the_model()
+/// Goes at the end of the process, before the app, and waits for its worker then: the pages, which
+/// may be there longer, own none of them.
+template <class Model> Model& the_model()
 {
-    static const auto only = std::make_shared<Model>(*the_app());
+    static Model only(the_app());
     return only;
 }
 

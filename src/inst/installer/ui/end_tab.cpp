@@ -8,8 +8,6 @@
 #include "nui/events/dispatch.h"
 #include "streams/installer_log.h"
 
-#include <utility>
-
 namespace nrd::installer::ui {
 
 namespace {
@@ -21,7 +19,7 @@ end_tab& self(const nui::WidgetEvent& event)
 
 } // namespace
 
-end_tab::end_tab(std::shared_ptr<model::end_tab_model> shared) : model_(std::move(shared))
+end_tab::end_tab(model::end_tab_model& shared) : model_(&shared)
 {
     nui::subscribe(*this, nui::plain_event::WindowOpening, on_window_opening,
                    static_cast<nui::Widget*>(this));

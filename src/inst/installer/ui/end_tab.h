@@ -4,8 +4,6 @@
 #include "nui/widgets/container.h"
 #include "nui/widgets/text_label.h"
 
-#include <memory>
-
 namespace nrd::installer::model {
 struct end_tab_model;
 }
@@ -15,7 +13,7 @@ namespace nrd::installer::ui {
 /// The last page: how the install went. Its button ends the program.
 class end_tab : public nui::Cloneable<end_tab, nui::Container>, public nui::ModuleInit {
 public:
-    explicit end_tab(std::shared_ptr<model::end_tab_model> shared);
+    explicit end_tab(model::end_tab_model& shared);
     end_tab(const end_tab& other);
     end_tab& operator=(const end_tab& other);
     ~end_tab() override = default;
@@ -32,7 +30,7 @@ private:
     void tell_outcome();
     void name_product();
 
-    std::shared_ptr<model::end_tab_model> model_;
+    model::end_tab_model* model_;
     nui::Widget* finish_button_ = nullptr;
     nui::TextLabel* install_success_message_ = nullptr;
     nui::TextLabel* install_body_text_ = nullptr;

@@ -7,14 +7,9 @@
 #include "shared/ui/first_keys.h"
 #include "streams/installer_log.h"
 
-#include <utility>
-
 namespace nrd::installer::ui {
 
-installer_window::installer_window(std::shared_ptr<model::installer_window_model> shared)
-    : model_(std::move(shared))
-{
-}
+installer_window::installer_window(model::installer_window_model& shared) : model_(&shared) {}
 
 nui::WidgetPtr installer_window::cloneObject() const
 {

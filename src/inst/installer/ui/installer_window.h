@@ -3,8 +3,6 @@
 #include "nui/reader/widget_pack.h"
 #include "nui/widgets/screen.h"
 
-#include <memory>
-
 namespace nrd::installer::model {
 class installer_app;
 struct installer_window_model;
@@ -16,7 +14,7 @@ namespace nrd::installer::ui {
 class installer_window : public nui::Cloneable<installer_window, nui::Screen>,
                          public nui::ModuleInit {
 public:
-    explicit installer_window(std::shared_ptr<model::installer_window_model> shared);
+    explicit installer_window(model::installer_window_model& shared);
 
     /// Shows the first page. Throws missing_widget.
     void init(nui::WidgetPack& pack, nui::WidgetMap& widgets) override;
@@ -26,7 +24,7 @@ public:
     [[nodiscard]] model::installer_app& app() const;
 
 private:
-    std::shared_ptr<model::installer_window_model> model_;
+    model::installer_window_model* model_;
 };
 
 } // namespace nrd::installer::ui

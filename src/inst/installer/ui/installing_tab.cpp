@@ -8,8 +8,6 @@
 #include "shared/ui/bindable_text.h"
 #include "streams/installer_log.h"
 
-#include <utility>
-
 namespace nrd::installer::ui {
 
 namespace {
@@ -21,8 +19,7 @@ installing_tab& self(const nui::WidgetEvent& event)
 
 } // namespace
 
-installing_tab::installing_tab(std::shared_ptr<model::installing_tab_model> shared)
-    : model_(std::move(shared))
+installing_tab::installing_tab(model::installing_tab_model& shared) : model_(&shared)
 {
     nui::subscribe(*this, nui::plain_event::WindowOpening, on_window_opening,
                    static_cast<nui::Widget*>(this));

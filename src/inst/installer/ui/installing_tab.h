@@ -3,8 +3,6 @@
 #include "nui/reader/widget_pack.h"
 #include "nui/widgets/container.h"
 
-#include <memory>
-
 namespace nrd::installer::model {
 class installing_tab_model;
 }
@@ -16,7 +14,7 @@ namespace nrd::installer::ui {
 class installing_tab : public nui::Cloneable<installing_tab, nui::Container>,
                        public nui::ModuleInit {
 public:
-    explicit installing_tab(std::shared_ptr<model::installing_tab_model> shared);
+    explicit installing_tab(model::installing_tab_model& shared);
     installing_tab(const installing_tab& other) = default;
     installing_tab& operator=(const installing_tab& other);
     ~installing_tab() override = default;
@@ -37,7 +35,7 @@ private:
     static void on_window_opening(nui::WidgetEvent& event);
     static void on_shown(nui::WidgetEvent& event);
 
-    std::shared_ptr<model::installing_tab_model> model_;
+    model::installing_tab_model* model_;
 };
 
 } // namespace nrd::installer::ui

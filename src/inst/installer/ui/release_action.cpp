@@ -32,9 +32,11 @@ void release_action::on_release_begins(nui::WidgetEvent& event)
 void release_action::on_release(nui::WidgetEvent& event)
 {
     self(event).releasing_ = false;
-    // A button that was pressed hears of the release wherever it comes.
+    // A button that was pressed hears of the release wherever it comes, and also when the page has
+    // changed meanwhile, by a key.
     const auto& release = static_cast<const nui::TouchEvent&>(event);
-    if (event.target->isHitAt(release.x, release.y)) {
+    const auto& button = static_cast<const nui::Widget&>(*event.target);
+    if (button.isOnScreen() && button.isHitAt(release.x, release.y)) {
         self(event).action_();
     }
 }

@@ -11,8 +11,6 @@
 #include "nui/events/dispatch.h"
 #include "streams/installer_log.h"
 
-#include <utility>
-
 namespace nrd::installer::ui {
 
 using misc::to_utf8;
@@ -52,8 +50,7 @@ welcome_tab& self(const nui::WidgetEvent& event)
 
 } // namespace
 
-welcome_tab::welcome_tab(std::shared_ptr<model::welcome_tab_model> shared)
-    : model_(std::move(shared))
+welcome_tab::welcome_tab(model::welcome_tab_model& shared) : model_(&shared)
 {
     nui::subscribe(*this, nui::plain_event::WindowOpening, on_window_opening,
                    static_cast<nui::Widget*>(this));

@@ -22,7 +22,7 @@ namespace nrd::installer::ui {
 /// before an install. Copies share the model, and find their widgets themselves.
 class welcome_tab : public nui::Cloneable<welcome_tab, nui::Container>, public nui::ModuleInit {
 public:
-    explicit welcome_tab(std::shared_ptr<model::welcome_tab_model> shared);
+    explicit welcome_tab(model::welcome_tab_model& shared);
     welcome_tab(const welcome_tab& other);
     welcome_tab& operator=(const welcome_tab& other);
     ~welcome_tab() override;
@@ -50,7 +50,7 @@ private:
     void install();
     void show_blockers(const std::vector<std::string>& blockers) const;
 
-    std::shared_ptr<model::welcome_tab_model> model_;
+    model::welcome_tab_model* model_;
     dialog_ptr already_installed_dialog_;
     dialog_ptr obsolete_cutter_dialog_;
     dialog_ptr program_running_dialog_;

@@ -41,10 +41,7 @@ using misc::to_utf8;
 /// What the classes that the toolkit knows are made with: the models of the running test.
 struct models {
     explicit models(const installation::specs& specs)
-        : app(specs), window(std::make_shared<model::installer_window_model>(app)),
-          welcome(std::make_shared<model::welcome_tab_model>(app)),
-          installing(std::make_shared<model::installing_tab_model>(app)),
-          end(std::make_shared<model::end_tab_model>(app))
+        : app(specs), window(app), welcome(app), installing(app), end(app)
     {
     }
 
@@ -55,26 +52,25 @@ struct models {
     }
 
     model::installer_app app;
-    std::shared_ptr<model::installer_window_model> window;
-    std::shared_ptr<model::welcome_tab_model> welcome;
-    std::shared_ptr<model::installing_tab_model> installing;
-    std::shared_ptr<model::end_tab_model> end;
+    model::installer_window_model window;
+    model::welcome_tab_model welcome;
+    model::installing_tab_model installing;
+    model::end_tab_model end;
 };
 
 template <class Widget, class Model> class factory : public nui::WidgetFactory {
 public:
-    explicit factory(std::shared_ptr<Model> models::*which) : which_(which) {}
+    explicit factory(Model models::*which) : which_(which) {}
     [[nodiscard]] nui::WidgetPtr create() override
     {
         return std::make_shared<Widget>(models::current()->*which_);
     }
 
 private:
-    std::shared_ptr<Model> models::*which_;
+    Model models::*which_;
 };
 
-template <class Widget, class Model>
-void register_page(const char* name, std::shared_ptr<Model> models::*which)
+template <class Widget, class Model> void register_page(const char* name, Model models::*which)
 {
     nui::registerWidgetClass(name, std::make_unique<factory<Widget, Model>>(which));
 }
@@ -232,6 +228,18 @@ TEST_F(wizard_pages, install_once_whatever_bubbles_up_to_them)
     click("finish_button");
     EXPECT_TRUE(nui::engine().hasQuit());
     EXPECT_EQ(logged("End Tab showing."), 1);
+}
+
+TEST_F(wizard_pages, do_not_hear_of_a_release_that_comes_when_they_are_gone)
+{
+    open({product("a")});
+    point_at("install_button");
+    toolkit_.press();
+    toolkit_.key(SDLK_RETURN);
+    run_to_the_end();
+    toolkit_.release();
+    EXPECT_EQ(page(), "end_main");
+    EXPECT_EQ(logged("Welcome tab install clicked."), 1);
 }
 
 TEST_F(wizard_pages, show_the_end_of_a_path_that_is_too_long_for_its_field)
@@ -436,7 +444,7 @@ TEST_F(wizard_pages, share_their_models_with_their_copies)
     EXPECT_EQ(logged("End Tab widgets cloning.") + logged("End Tab widgets cloned."), 2);
     const auto copy =
         std::dynamic_pointer_cast<installing_tab>(widgets_.at("installing_main")->clone());
-    EXPECT_EQ(&copy->get_model(), models_->installing.get());
+    EXPECT_EQ(&copy->get_model(), &models_->installing);
     EXPECT_EQ(log_.lines().back(), "Returning Installing Tab model.");
 }
 
