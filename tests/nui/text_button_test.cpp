@@ -154,7 +154,8 @@ protected:
             'windowWidth': 200, 'windowHeight': 100, 'form': true, 'children': [
                 {'template': 'plain', 'name': 'a', 'text': 'a', 'height': 20,
                  'default': true, 'overTemplate': 'hot'},
-                {'class': 'TextButton', 'name': 'b', 'text': 'b', 'height': 20},
+                {'class': 'TextButton', 'name': 'b', 'text': 'b', 'height': 20,
+                 'overTemplate': 'hot'},
                 {'class': 'LinkTextButton', 'name': 'link', 'text': 'more', 'height': 20},
                 {'class': 'Widget', 'name': 'rest'}]}]})");
         for (const char* const name : {"a", "b", "screen"})
@@ -251,6 +252,7 @@ TEST_F(text_button_test, the_keyboard_shows_on_a_button_of_a_form)
     toolkit.key(SDLK_TAB);
     EXPECT_NE(find("a")->backgroundColor, Hot);
     EXPECT_EQ(screen->focusedWidget, find("b"));
+    EXPECT_EQ(find("b")->backgroundColor, Hot) << "though it has no other look to go back to";
     EXPECT_EQ(activations(), "");
 }
 

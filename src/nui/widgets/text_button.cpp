@@ -98,12 +98,12 @@ bool TextButton::layout(std::uint32_t /*flags*/)
     return known;
 }
 
-/// One long line that is never broken, whatever the room.
 bool TextButton::breaksLines() const
 {
     return wordWrap || maxLines != 1;
 }
 
+/// One long line that is never broken, whatever the room.
 bool TextButton::isOneLine() const
 {
     const SizeMode along = isTurned() ? heightMode : widthMode;
