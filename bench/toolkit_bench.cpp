@@ -4,7 +4,7 @@
 #include "live_memory.h"
 #include "misc/file_system.h"
 #include "misc/host_file_system.h"
-#include "nui/draw/drawing.h"
+#include "nui/draw/draw_call.h"
 #include "nui/engine/engine.h"
 #include "nui/reader/layout_loader.h"
 #include "nui/reader/widget_registry.h"
@@ -211,6 +211,10 @@ void measure_frames()
     std::printf("primitives drawn for each widget:      %10.2f\n",
                 static_cast<double>(drawn) / widgets);
     std::printf("allocations in a frame:                %10zu  (aim: 0)\n", allocated);
+    nui::engine().draw(false);
+    const double unchanged = microseconds([] { nui::engine().draw(false); });
+    std::printf("a frame that the window shows already: %10.1f us, %5.3f of a drawn one\n",
+                unchanged, unchanged / time);
 
     nui::TouchEvent touched(nui::touch::Move);
     touched.x = 795;

@@ -1,5 +1,6 @@
 #include "nui/draw/drawing.h"
 
+#include "nui/draw/drawn_frame.h"
 #include "nui/draw/gl_context.h"
 #include "nui/draw/texture.h"
 #include "nui/draw/vertex_tables.h"
@@ -25,7 +26,7 @@ struct DrawingState {
     Color color = OpaqueBlack;
     float lineWidth = 0.8F;
     Rect clip{0, 0, NoClip, 0};
-    std::uint64_t primitives = 0;
+    bool blended = false;
 };
 
 DrawingState& state()
@@ -59,51 +60,27 @@ public:
             addAt(angle);
         addAt(larger);
     }
-    void draw(GLenum mode, const TexturePoint* texCoords = nullptr) const
+    void draw(GLenum mode) const { send({.mode = mode}, nullptr); }
+    /// For lines along the grid of pixels.
+    void drawCrisp() const { send({.mode = GL_LINE_STRIP, .crisp = true}, nullptr); }
+    void drawTextured(const TextureRef& texture, const TexturePoint* texCoords) const
     {
-        ++state().primitives;
-        const Color color = state().color;
-        glDisableClientState(GL_COLOR_ARRAY);
-        glDisableClientState(GL_TEXTURE_COORD_ARRAY);
-        glColor4ub(static_cast<GLubyte>(color), static_cast<GLubyte>(color >> 8U),
-                   static_cast<GLubyte>(color >> 16U), static_cast<GLubyte>(color >> 24U));
-        glLineWidth(state().lineWidth);
-        glEnableClientState(GL_VERTEX_ARRAY);
-        glVertexPointer(3, GL_FLOAT, 0, vertices_);
-        if (texCoords != nullptr) {
-            glEnableClientState(GL_TEXTURE_COORD_ARRAY);
-            glTexCoordPointer(2, GL_FLOAT, 0, texCoords);
-        }
-        glDrawElements(mode, static_cast<GLsizei>(count_), GL_UNSIGNED_SHORT,
-                       vertexTables().indices.data());
+        send({.mode = GL_TRIANGLE_FAN, .texture = texture.glName}, texCoords);
     }
 
 private:
+    void send(DrawCall call, const TexturePoint* texCoords) const
+    {
+        call.color = state().color;
+        call.lineWidth = state().lineWidth;
+        call.blended = state().blended;
+        call.vertexCount = count_;
+        drawOrGather(call, vertices_, texCoords);
+    }
+
     Vertex* vertices_;
     std::size_t count_ = 0;
 };
-
-/// For lines along the grid of pixels: with multisampling their ends would be smeared, or corners
-/// left open, by each driver in its own way.
-void drawCrisp(const Primitive& primitive)
-{
-    glDisable(GL_MULTISAMPLE);
-    primitive.draw(GL_LINE_STRIP);
-    glEnable(GL_MULTISAMPLE);
-}
-
-void applyClip()
-{
-    const Rect& clip = state().clip;
-    if (clip.width == NoClip) {
-        glDisable(GL_SCISSOR_TEST);
-        return;
-    }
-    const WindowHandle* const window = currentWindow();
-    const int windowHeight = window != nullptr ? window->drawableHeight : 0;
-    glEnable(GL_SCISSOR_TEST);
-    glScissor(clip.x, windowHeight - clip.y - clip.height, clip.width, clip.height);
-}
 
 } // namespace
 
@@ -113,16 +90,12 @@ VertexTables& vertexTables()
     return tables;
 }
 
-std::uint64_t drawnPrimitives()
-{
-    return state().primitives;
-}
-
 void prepareDrawing()
 {
     VertexTables& tables = vertexTables();
     std::iota(tables.indices.begin(), tables.indices.end(), std::uint16_t{0});
     std::iota(tables.wideIndices.begin(), tables.wideIndices.end(), 0U);
+    state().blended = false;
 }
 
 void setColor(Color color)
@@ -156,7 +129,7 @@ void line(float x0, float y0, float x1, float y1)
     primitive.add(x0, y0);
     primitive.add(x1, y1);
     if (x0 == x1 || y0 == y1)
-        drawCrisp(primitive);
+        primitive.drawCrisp();
     else
         primitive.draw(GL_LINE_STRIP);
 }
@@ -166,7 +139,7 @@ void rectOutline(float x, float y, float width, float height)
     Primitive primitive;
     primitive.addCorners(x, y, width, height);
     primitive.add(x, y);
-    drawCrisp(primitive);
+    primitive.drawCrisp();
 }
 
 void fillRect(float x, float y, float width, float height)
@@ -213,28 +186,16 @@ void texturedQuad(const TextureRef* texture, float x, float y, float width, floa
     static const std::array<TexturePoint, 4> zeroCoords = {};
     if (texture == nullptr || texture->glName == 0)
         return;
-    GLint bound = 0;
-    glGetIntegerv(GL_TEXTURE_BINDING_2D, &bound);
-    const auto before = static_cast<GLuint>(bound);
-    if (before != texture->glName)
-        glBindTexture(GL_TEXTURE_2D, texture->glName);
-    glEnable(GL_TEXTURE_2D);
-    glEnable(GL_BLEND);
-    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-
+    blend();
     Primitive primitive;
     primitive.addCorners(x, y, width, height);
-    primitive.draw(GL_TRIANGLE_FAN, texCoords != nullptr ? texCoords : zeroCoords.data());
-
-    if (before != texture->glName)
-        glBindTexture(GL_TEXTURE_2D, before);
-    glDisable(GL_TEXTURE_2D);
+    primitive.drawTextured(*texture, texCoords != nullptr ? texCoords : zeroCoords.data());
 }
 
 void setClip(Rect clip)
 {
     state().clip = clip;
-    applyClip();
+    setScissor(clip);
 }
 
 void intersectClip(Rect clip)
@@ -265,10 +226,15 @@ Rect visibleArea()
     return {0, 0, window->drawableWidth, window->drawableHeight};
 }
 
+void blend()
+{
+    state().blended = true;
+}
+
 void restoreScissor()
 {
     if (state().clip.width != NoClip)
-        applyClip();
+        setClip(state().clip);
     glFlush();
 }
 

@@ -4,11 +4,10 @@
 #include "nui/draw/geometry.h"
 
 #include <cstddef>
-#include <cstdint>
 
 // Drawing in window pixels, y down, through fixed-function OpenGL. Current colour, line width and
 // clip are state of the layer. Everything needs a current GL context and the loop's thread, and
-// trusts its input. Nothing allocates.
+// trusts its input. Within a frame of the engine's, primitives reach GL when it ends (DrawnFrame).
 
 namespace nui {
 
@@ -17,6 +16,8 @@ struct TextureRef;
 struct TexturePoint {
     float u = 0;
     float v = 0;
+
+    bool operator==(const TexturePoint&) const = default;
 };
 
 /// A clip of this width cuts nothing.
@@ -53,11 +54,10 @@ void intersectClip(Rect clip);
 [[nodiscard]] Rect getClip();
 /// Where something can be seen of what is drawn: the clip, or else all of the current window.
 [[nodiscard]] Rect visibleArea();
-/// After code that draws by itself.
+/// Solid fills blend with what is below from here on, as those behind a textured quad do.
+void blend();
+/// After code that draws by itself, which begins with drawGathered().
 void restoreScissor();
-
-/// How many primitives were drawn since the program began; for measurements.
-[[nodiscard]] std::uint64_t drawnPrimitives();
 
 /// Fills the tables; once, before anything is drawn.
 void prepareDrawing();

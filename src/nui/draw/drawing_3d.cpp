@@ -1,6 +1,7 @@
 #include "nui/draw/drawing_3d.h"
 
 #include "nui/draw/drawing.h"
+#include "nui/draw/drawn_frame.h"
 #include "nui/draw/vertex_tables.h"
 
 #include <GL/glew.h>
@@ -49,6 +50,7 @@ void setPerspective(float fieldOfView, float aspect)
 
 void setFrustum(float left, float right, float bottom, float top)
 {
+    drawGathered();
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
     glFrustum(left, right, bottom, top, depthRange().nearPlane, depthRange().farPlane);
@@ -58,16 +60,19 @@ void setFrustum(float left, float right, float bottom, float top)
 
 void enableLighting(bool on)
 {
+    drawGathered();
     enable(GL_LIGHTING, on);
 }
 
 void enableLight(std::size_t index, bool on)
 {
+    drawGathered();
     enable(lightName(index), on);
 }
 
 void setLight(std::size_t index, const Light& light)
 {
+    drawGathered();
     const GLenum name = lightName(index);
     glLightfv(name, GL_POSITION, light.position.data());
     glLightfv(name, GL_AMBIENT, light.ambient.data());
@@ -77,6 +82,7 @@ void setLight(std::size_t index, const Light& light)
 
 void setMaterial(const Material& material)
 {
+    drawGathered();
     glMaterialfv(GL_FRONT_AND_BACK, GL_AMBIENT, material.ambient.data());
     glMaterialfv(GL_FRONT_AND_BACK, GL_DIFFUSE, material.diffuse.data());
     glMaterialfv(GL_FRONT_AND_BACK, GL_SPECULAR, material.specular.data());
@@ -86,6 +92,7 @@ void setMaterial(const Material& material)
 
 void setNormals(const float* normals)
 {
+    drawGathered();
     if (normals == nullptr) {
         glDisableClientState(GL_NORMAL_ARRAY);
         return;
@@ -101,6 +108,7 @@ void drawTriangles(const float* vertices, std::size_t count)
 
 void drawTriangles(const float* vertices, const std::uint32_t* indices, std::size_t count)
 {
+    drawGathered();
     const Color color = getColor();
     glDisableClientState(GL_COLOR_ARRAY);
     glDisableClientState(GL_TEXTURE_COORD_ARRAY);

@@ -5,8 +5,9 @@
 #include <cstdint>
 
 // Drawing in space, as a thin layer over fixed-function OpenGL: GL's own coordinates and
-// conventions hold. Everything needs a current GL context and the loop's thread. A frame that
-// goes on in 2D afterwards sets its projection and state again.
+// conventions hold. Everything needs a current GL context and the loop's thread. What a frame has
+// gathered before goes to GL first. A frame that goes on in 2D afterwards sets its projection and
+// state again.
 
 namespace nui {
 

@@ -1,5 +1,6 @@
 #include "nui/draw/gl_context.h"
 
+#include "nui/draw/drawn_frame.h"
 #include "nui/draw/texture.h"
 #include "nui/engine/window_handle.h"
 
@@ -94,6 +95,7 @@ void* requireSharedContext(WindowHandle& window)
 
 void makeCurrent(WindowHandle* window)
 {
+    drawGathered(); // into the window that it is for
     state().currentWindow = window;
     if (window != nullptr)
         SDL_GL_MakeCurrent(window->sdlWindow(), state().sharedContext);
@@ -134,9 +136,10 @@ void setViewport()
 
 void resetFrameState()
 {
-    constexpr GLenum Capabilities[] = {GL_CULL_FACE, GL_DEPTH_TEST, GL_TEXTURE_2D, GL_SCISSOR_TEST};
+    constexpr GLenum Capabilities[] = {GL_CULL_FACE, GL_DEPTH_TEST, GL_TEXTURE_2D};
     for (const GLenum capability : Capabilities)
         glDisable(capability);
+    setScissor({0, 0, NoClip, 0});
 }
 
 void swap()

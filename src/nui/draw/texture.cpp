@@ -1,5 +1,6 @@
 #include "nui/draw/texture.h"
 
+#include "nui/draw/drawn_frame.h"
 #include "nui/draw/surface.h"
 #include "nui/reader/resource_path.h"
 
@@ -28,17 +29,18 @@ SurfacePtr loadRgba(const std::string& path)
                            : nullptr);
 }
 
-/// Names of textures that were let go while no context was current, as between two windows.
+/// Names of textures that were let go while no context was current, as between two windows, or
+/// while the frame that shows them was not drawn yet.
 std::vector<GLuint>& unused()
 {
     static auto* const names = new std::vector<GLuint>;
     return *names;
 }
 
-void deleteUnused()
+std::uint64_t& generation()
 {
-    glDeleteTextures(static_cast<GLsizei>(unused().size()), unused().data());
-    unused().clear();
+    static std::uint64_t number = 0;
+    return number;
 }
 
 } // namespace
@@ -78,14 +80,21 @@ std::string imagePath(const std::string& name, const std::string& resourceDirect
 
 TextureRef makeTexture(const void* pixels, std::int32_t width, std::int32_t height)
 {
-    deleteUnused();
-    TextureRef texture{0, width, height};
-    glGenTextures(1, &texture.glName);
-    glBindTexture(GL_TEXTURE_2D, texture.glName);
+    const TextureRef texture{bindNewTexture(), width, height};
     glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA, width, height, 0, GL_RGBA, GL_UNSIGNED_BYTE, pixels);
     // Without mipmaps, GL's own choice would show nothing.
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
     return texture;
+}
+
+std::uint32_t bindNewTexture()
+{
+    deleteFreedTextures();
+    ++generation();
+    GLuint name = 0;
+    glGenTextures(1, &name);
+    glBindTexture(GL_TEXTURE_2D, name);
+    return name;
 }
 
 void repeatAcross(const TextureRef& texture)
@@ -98,8 +107,20 @@ void freeTexture(TextureRef& texture)
 {
     unused().push_back(texture.glName);
     texture = {};
-    if (SDL_GL_GetCurrentContext() != nullptr)
-        deleteUnused();
+    deleteFreedTextures();
+}
+
+void deleteFreedTextures()
+{
+    if (isGathering() || SDL_GL_GetCurrentContext() == nullptr)
+        return;
+    glDeleteTextures(static_cast<GLsizei>(unused().size()), unused().data());
+    unused().clear();
+}
+
+std::uint64_t textureGeneration()
+{
+    return generation();
 }
 
 void forgetFreedTextures()

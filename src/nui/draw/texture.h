@@ -40,8 +40,14 @@ private:
 
 /// Uploads 32-bit RGBA pixels, rows without padding, from the top; the caller owns the texture.
 [[nodiscard]] TextureRef makeTexture(const void* pixels, std::int32_t width, std::int32_t height);
-/// Takes effect with the next one that is made if no context is current.
+/// A name for a texture whose pixels the caller uploads, bound; freed as the others are.
+[[nodiscard]] std::uint32_t bindNewTexture();
+/// Takes effect later if no context is current or a frame is being gathered.
 void freeTexture(TextureRef& texture);
+/// Of textures let go earlier, the names are GL's again, if a context is current.
+void deleteFreedTextures();
+/// Another one after each texture that was made, as GL gives names of freed ones again.
+[[nodiscard]] std::uint64_t textureGeneration();
 /// The shared context has gone, and what was in it.
 void forgetFreedTextures();
 /// Lets texture coordinates beyond 1 begin anew along its width.

@@ -15,6 +15,8 @@ struct Vertex {
     float x;
     float y;
     float z;
+
+    bool operator==(const Vertex&) const = default;
 };
 
 struct VertexTables {

@@ -190,9 +190,16 @@ void Engine::drawScreen(const ScreenPtr& screen, bool noSwap)
         set2DProjection();
         setViewport();
     }
+    screen->window->frame.begin(screen->window->drawableWidth, screen->window->drawableHeight);
     screen->draw({0, 0}, 1);
-    if (!noSwap)
-        swap();
+    // What a page draws may have closed its window.
+    if (!screen->isOpen())
+        return;
+    screens.makeCurrent(screen);
+    if (noSwap)
+        screen->window->frame.drawOnly();
+    else
+        screen->window->frame.show(clock_());
 }
 
 void Engine::addTimer(std::uint64_t delay, const WidgetPtr& widget, bool restart)

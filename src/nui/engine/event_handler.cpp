@@ -144,6 +144,7 @@ void EventHandler::onWindowEvent(const SDL_WindowEvent& event)
     if (!screen || !screen->isOpen())
         return;
     engine_.screens.makeCurrent(screen);
+    screen->window->frame.invalidate();
     switch (event.event) {
     case SDL_WINDOWEVENT_RESIZED:
         onResized(screen);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "nui/draw/drawn_frame.h"
+
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -57,6 +59,7 @@ public:
     bool minimized = false;
     bool hidden = false;
     bool enabled = true;
+    DrawnFrame frame;
 
 private:
     struct DestroyWindow {

@@ -1,6 +1,6 @@
 #include "nui/text/ftgl_face.h"
 
-#include <GL/glew.h>
+#include "nui/draw/drawing.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,9 +8,6 @@
 namespace nui {
 
 namespace {
-
-/// Of all that is drawn in 2D.
-constexpr float Depth = -0.9F;
 
 float pixelsOf(std::int32_t points, unsigned int resolution)
 {
@@ -68,11 +65,7 @@ TextLines FtglFace::layOut(std::u32string_view text, float width)
 void FtglFace::drawRun(const TextLines& lines, std::int32_t first, std::int32_t end, Point origin,
                        Color color)
 {
-    glColor4ub(static_cast<GLubyte>(color), static_cast<GLubyte>(color >> 8U),
-               static_cast<GLubyte>(color >> 16U), static_cast<GLubyte>(color >> 24U));
-    glPushMatrix();
-    glTranslatef(origin.x, origin.y, Depth);
-    glRotatef(180, 1, 0, 0); // the library's y goes up
+    setColor(color);
     const auto stop = static_cast<std::size_t>(end);
     for (auto start = static_cast<std::size_t>(first); start < stop;) {
         const TextLines::Character& character = lines.characters[start];
@@ -81,10 +74,9 @@ void FtglFace::drawRun(const TextLines& lines, std::int32_t first, std::int32_t 
             ++next;
         pagesOf(character.file)
             .Render(lines.text.data() + lines.starts[start], static_cast<int>(next - start),
-                    FTPoint(character.x, 0));
+                    FTPoint(origin.x + character.x, origin.y));
         start = next;
     }
-    glPopMatrix();
 }
 
 } // namespace nui

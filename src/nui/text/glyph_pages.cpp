@@ -1,8 +1,12 @@
 #include "nui/text/glyph_pages.h"
 
+#include "nui/draw/drawing.h"
+
 #include <GL/glew.h>
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <memory>
 
 namespace nui {
@@ -11,20 +15,10 @@ namespace {
 
 constexpr int PageSide = 512;
 constexpr int Gap = 1; ///< keeps neighbours out of each other's edges
-/// What drawing a glyph may add to its outline.
-constexpr int Margin = 2;
 
-int wholePixels(FT_Pos length)
+TextureRef makePage(int side)
 {
-    constexpr FT_Pos UnitsOfPixel = 64;
-    return static_cast<int>((length + UnitsOfPixel - 1) / UnitsOfPixel) + Margin;
-}
-
-GLuint makePage(int side)
-{
-    GLuint page = 0;
-    glGenTextures(1, &page);
-    glBindTexture(GL_TEXTURE_2D, page);
+    const TextureRef page{bindNewTexture(), side, side};
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
@@ -36,6 +30,54 @@ GLuint makePage(int side)
     return page;
 }
 
+void upload(const FT_Bitmap& bitmap, const TextureRef& page, int x, int y)
+{
+    glBindTexture(GL_TEXTURE_2D, page.glName);
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
+    glPixelStorei(GL_UNPACK_ROW_LENGTH, bitmap.pitch);
+    glTexSubImage2D(GL_TEXTURE_2D, 0, x, y, static_cast<GLsizei>(bitmap.width),
+                    static_cast<GLsizei>(bitmap.rows), GL_ALPHA, GL_UNSIGNED_BYTE, bitmap.buffer);
+    glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 4);
+}
+
+/// The quad that shows a glyph's picture.
+class PageGlyph : public FTGlyph {
+public:
+    /// The slot holds the picture, which lies at (x, y) of the page.
+    PageGlyph(FT_GlyphSlot slot, const TextureRef& page, int x, int y)
+        : FTGlyph(slot), page_(page), left_(static_cast<float>(slot->bitmap_left)),
+          top_(static_cast<float>(-slot->bitmap_top)),
+          width_(static_cast<float>(slot->bitmap.width)),
+          height_(static_cast<float>(slot->bitmap.rows)), advance_(Advance(), 0)
+    {
+        const auto side = static_cast<float>(page.width);
+        const float u = static_cast<float>(x) / side;
+        const float v = static_cast<float>(y) / side;
+        const float right = u + width_ / side;
+        const float bottom = v + height_ / side;
+        corners_ = {{{u, v}, {u, bottom}, {right, bottom}, {right, v}}};
+    }
+
+    const FTPoint& Render(const FTPoint& pen, int /*renderMode*/) override
+    {
+        // Between pixels it would be blurred.
+        if (width_ > 0)
+            texturedQuad(&page_, std::floor(pen.Xf() + left_), std::floor(pen.Yf() + top_), width_,
+                         height_, corners_.data());
+        return advance_;
+    }
+
+private:
+    TextureRef page_; ///< owned by the font
+    float left_;      ///< from the pen, y down
+    float top_;
+    float width_;
+    float height_;
+    std::array<TexturePoint, 4> corners_;
+    FTPoint advance_;
+};
+
 } // namespace
 
 GlyphPages::GlyphPages(const std::string& file)
@@ -45,21 +87,21 @@ GlyphPages::GlyphPages(const std::string& file)
 
 GlyphPages::~GlyphPages()
 {
-    glDeleteTextures(static_cast<GLsizei>(pages_.size()), pages_.data());
+    std::ranges::for_each(pages_, freeTexture);
 }
 
 /// In rows, from the top; a new page where the last one is full.
 void GlyphPages::makeRoom(int width, int height)
 {
-    if (x_ + width > pageSide_) {
+    const int side = pages_.empty() ? 0 : pages_.back().width;
+    if (x_ + width > side) {
         x_ = 0;
         y_ += rowHeight_ + Gap;
         rowHeight_ = 0;
     }
-    if (width <= pageSide_ && y_ + height <= pageSide_)
+    if (width <= side && y_ + height <= side)
         return;
-    pageSide_ = std::max({PageSide, width, height});
-    pages_.push_back(makePage(pageSide_));
+    pages_.push_back(makePage(std::max({PageSide, width, height})));
     x_ = 0;
     y_ = 0;
     rowHeight_ = 0;
@@ -67,11 +109,15 @@ void GlyphPages::makeRoom(int width, int height)
 
 FTGlyph* GlyphPages::MakeGlyph(FT_GlyphSlot slot)
 {
-    const int width = wholePixels(slot->metrics.width);
-    const int height = wholePixels(slot->metrics.height);
+    // What cannot be drawn keeps its room in the line.
+    if (FT_Render_Glyph(slot, FT_RENDER_MODE_NORMAL) != 0)
+        slot->bitmap = {};
+    const auto width = static_cast<int>(slot->bitmap.width);
+    const auto height = static_cast<int>(slot->bitmap.rows);
     makeRoom(width, height);
-    auto glyph = std::make_unique<FTTextureGlyph>(slot, static_cast<int>(pages_.back()), x_, y_,
-                                                  pageSide_, pageSide_);
+    if (width > 0)
+        upload(slot->bitmap, pages_.back(), x_, y_);
+    auto glyph = std::make_unique<PageGlyph>(slot, pages_.back(), x_, y_);
     x_ += width + Gap;
     rowHeight_ = std::max(rowHeight_, height);
     return glyph.release(); // the library's from now on

@@ -2,8 +2,6 @@
 
 #include "nui/draw/drawing.h"
 
-#include <GL/glew.h>
-
 #include <algorithm>
 #include <cmath>
 
@@ -33,8 +31,7 @@ Color readableOn(Color background, Color text)
 
 void fill(float x, float y, float width, float height, Color color)
 {
-    glEnable(GL_BLEND);
-    glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    blend();
     setColor(color);
     fillRect(x, y, width, height);
 }
