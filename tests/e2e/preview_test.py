@@ -10,6 +10,7 @@ from pathlib import Path
 
 from machine import IS_WINDOWS, PROGRAMS, SUFFIX, Machine
 from picture import Picture
+from wizard import take_picture, wait_for, xdotool
 
 SAMPLES = PROGRAMS / "resources" / "samples"
 TREES = Path(__file__).parent / "preview_trees"
@@ -215,33 +216,62 @@ class Preview(unittest.TestCase):
             {"id": "a", "class": "Screen", "windowWidth": 200, "windowHeight": 150,
              "backgroundColor": "paper"}]}""")
         errors = self.folder / "errors.txt"
-        with errors.open("wb") as stream:
+        running = self.start(layout, errors)
+        time.sleep(3)
+        self.assertEqual(errors.read_bytes(), b"")
+        for file, text, told in ((layout, '{"widgets": [', b"layout.json:1:"),
+                                 (part, '{"constants": ]', b"part.json:1:")):
+            good = file.read_text(encoding="utf-8")
+            file.write_text(text, encoding="utf-8")
+            wait_for(lambda told=told: told in errors.read_bytes(), f"{told} was not told")
+            self.assertIsNone(running.poll())
+            file.write_text(good, encoding="utf-8")
+            time.sleep(1)
+        self.assertIsNone(running.poll())
+
+    def test_a_window_shows_itself_whenever_it_is_laid_bare(self):
+        below, above = (self.open_window(title, colour)
+                        for title, colour in (("below", "#FF0000"), ("above", "#0000FF")))
+        for window in (below, above):
+            xdotool("windowmove", "--sync", window, 100, 100)
+        xdotool("windowraise", above)
+        # The display keeps nothing of what is covered.
+        self.wait_for_colour(below, b"\0\0\0")
+        xdotool("windowmove", "--sync", above, 250, 200)
+        self.wait_for_colour(below, b"\xff\0\0", b"\0\0\0")
+        xdotool("windowmove", "--sync", above, 700, 500)
+        self.wait_for_colour(below, b"\xff\0\0")
+        xdotool("windowminimize", "--sync", below)
+        xdotool("windowactivate", "--sync", below)
+        self.wait_for_colour(below, b"\xff\0\0")
+        xdotool("windowsize", "--sync", below, 400, 250)
+        self.wait_for_colour(below, b"\xff\0\0")
+
+    def start(self, layout, output):
+        """A preview that stays open until the test ends."""
+        with output.open("wb") as stream:
             running = subprocess.Popen(
                 self.machine.command(PROGRAMS / f"nui_preview{SUFFIX}", windows_name(layout)),
                 env=self.machine.environment, stdin=subprocess.DEVNULL, stdout=stream,
                 stderr=stream)
-        try:
-            time.sleep(3)
-            self.assertEqual(errors.read_bytes(), b"")
-            for file, text, told in ((layout, '{"widgets": [', b"layout.json:1:"),
-                                     (part, '{"constants": ]', b"part.json:1:")):
-                good = file.read_text(encoding="utf-8")
-                file.write_text(text, encoding="utf-8")
-                self.wait_for(lambda: told in errors.read_bytes())
-                self.assertIsNone(running.poll())
-                file.write_text(good, encoding="utf-8")
-                time.sleep(1)
-            self.assertIsNone(running.poll())
-        finally:
-            running.terminate()
-            running.wait()
+        self.addCleanup(running.wait)
+        self.addCleanup(running.terminate)
+        return running
 
-    def wait_for(self, condition):
-        for _ in range(200):
-            if condition():
-                return
-            time.sleep(0.05)
-        self.fail("it did not come")
+    def open_window(self, title, colour):
+        self.start(self.write(f"{title}.json", json.dumps({"widgets": [
+            {"id": title, "class": "Screen", "windowTitle": title, "windowWidth": 300,
+             "windowHeight": 200, "backgroundColor": colour}]})), self.folder / f"{title}.txt")
+        return wait_for(lambda: xdotool("search", "--onlyvisible", "--name", f"^{title}$"),
+                        f"no window {title}")
+
+    @staticmethod
+    def wait_for_colour(window, *colours):
+        """Waits until the window consists of these colours."""
+        def has_them():
+            pixels = take_picture(window, "rgb:-")
+            return {pixels[i:i + 3] for i in range(0, len(pixels), 3)} == set(colours)
+        wait_for(has_them, f"the window did not come to {colours}")
 
 
 @unittest.skipIf(IS_WINDOWS, "there is always a display on Windows")
