@@ -209,6 +209,21 @@ TEST(drawn_win_font, a_long_text_looks_like_as_much_of_it_as_there_is_room_for)
     EXPECT_EQ(drawn(words), some);
 }
 
+TEST(drawn_ftgl_font, what_has_no_picture_keeps_its_room_also_as_a_fonts_first_character)
+{
+    test::HeadlessScreen screen(ScreenWidth, ScreenHeight);
+    const auto leftEdge = [&screen](const char* text) {
+        screen.clear();
+        FtglFont font(test::latinFontFile());
+        font.draw({.text = text, .size = 20, .width = 200, .height = 40}, {0, 0}, OpaqueWhite,
+                  nullptr, nullptr);
+        return Picture().lit().x;
+    };
+    const int withBlank = leftEdge("   H");
+    EXPECT_EQ(withBlank, leftEdge("\u00a0\u00a0\u00a0H"));
+    EXPECT_GT(withBlank, leftEdge("H\u3000\u3000") + 5); // wide ones come from another file
+}
+
 TEST(drawn_ftgl_font, lines_and_characters_beside_the_window_leave_the_others_as_they_are)
 {
     test::HeadlessScreen screen(ScreenWidth, ScreenHeight);

@@ -35,10 +35,10 @@ void DrawnFrame::Content::clear()
 void DrawnFrame::Content::add(const DrawCall& call, const Vertex* first,
                               const TexturePoint* firstCoords)
 {
-    calls.push_back(call);
     vertices.insert(vertices.end(), first, first + call.vertexCount);
     if (call.texture != 0)
         texCoords.insert(texCoords.end(), firstCoords, firstCoords + call.vertexCount);
+    calls.push_back(call);
 }
 
 void DrawnFrame::Content::draw() const

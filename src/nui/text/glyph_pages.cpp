@@ -41,16 +41,21 @@ void upload(const FT_Bitmap& bitmap, const TextureRef& page, int x, int y)
     glPixelStorei(GL_UNPACK_ALIGNMENT, 4);
 }
 
-/// The quad that shows a glyph's picture.
+/// The quad that shows a glyph's picture, if it has one.
 class PageGlyph : public FTGlyph {
 public:
-    /// The slot holds the picture, which lies at (x, y) of the page.
-    PageGlyph(FT_GlyphSlot slot, const TextureRef& page, int x, int y)
-        : FTGlyph(slot), page_(page), left_(static_cast<float>(slot->bitmap_left)),
+    explicit PageGlyph(FT_GlyphSlot slot)
+        : FTGlyph(slot), left_(static_cast<float>(slot->bitmap_left)),
           top_(static_cast<float>(-slot->bitmap_top)),
           width_(static_cast<float>(slot->bitmap.width)),
           height_(static_cast<float>(slot->bitmap.rows)), advance_(Advance(), 0)
     {
+    }
+
+    /// The picture lies there; the page is the font's.
+    void place(const TextureRef& page, int x, int y)
+    {
+        page_ = page;
         const auto side = static_cast<float>(page.width);
         const float u = static_cast<float>(x) / side;
         const float v = static_cast<float>(y) / side;
@@ -62,15 +67,14 @@ public:
     const FTPoint& Render(const FTPoint& pen, int /*renderMode*/) override
     {
         // Between pixels it would be blurred.
-        if (width_ > 0)
-            texturedQuad(&page_, std::floor(pen.Xf() + left_), std::floor(pen.Yf() + top_), width_,
-                         height_, corners_.data());
+        texturedQuad(&page_, std::floor(pen.Xf() + left_), std::floor(pen.Yf() + top_), width_,
+                     height_, corners_.data());
         return advance_;
     }
 
 private:
-    TextureRef page_; ///< owned by the font
-    float left_;      ///< from the pen, y down
+    TextureRef page_;
+    float left_; ///< from the pen, y down
     float top_;
     float width_;
     float height_;
@@ -112,14 +116,16 @@ FTGlyph* GlyphPages::MakeGlyph(FT_GlyphSlot slot)
     // What cannot be drawn keeps its room in the line.
     if (FT_Render_Glyph(slot, FT_RENDER_MODE_NORMAL) != 0)
         slot->bitmap = {};
+    auto glyph = std::make_unique<PageGlyph>(slot);
     const auto width = static_cast<int>(slot->bitmap.width);
     const auto height = static_cast<int>(slot->bitmap.rows);
-    makeRoom(width, height);
-    if (width > 0)
+    if (width > 0 && height > 0) {
+        makeRoom(width, height);
         upload(slot->bitmap, pages_.back(), x_, y_);
-    auto glyph = std::make_unique<PageGlyph>(slot, pages_.back(), x_, y_);
-    x_ += width + Gap;
-    rowHeight_ = std::max(rowHeight_, height);
+        glyph->place(pages_.back(), x_, y_);
+        x_ += width + Gap;
+        rowHeight_ = std::max(rowHeight_, height);
+    }
     return glyph.release(); // the library's from now on
 }
 
