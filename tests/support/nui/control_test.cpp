@@ -31,6 +31,17 @@ WidgetPtr ControlTest::find(const std::string& name) const
     return found->shared_from_this();
 }
 
+void ControlTest::layOutAnew()
+{
+    screen->markDirty();
+    toolkit.frame();
+}
+
+PopupList* ControlTest::popup()
+{
+    return dynamic_cast<PopupList*>(engine().popups.open().get());
+}
+
 void ControlTest::moveTo(const Widget& widget, float right, float down)
 {
     toolkit.move(static_cast<int>(widget.x + widget.width / 2 + right),

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "nui/widgets/popup_list.h"
 #include "nui/widgets/screen.h"
 #include "support/nui/event_log.h"
 #include "support/nui/picture_folder.h"
@@ -28,6 +29,19 @@ protected:
     {
         return dynamic_cast<T&>(*find(name));
     }
+
+    /// Draws a frame in which all is laid out anew.
+    void layOutAnew();
+    /// A clone of the widget, in the window too.
+    template <class T> std::shared_ptr<T> addClone(const T& original)
+    {
+        const auto copy = std::dynamic_pointer_cast<T>(original.clone());
+        screen->add(copy);
+        layOutAnew();
+        return copy;
+    }
+    /// The list that is open, if one is.
+    [[nodiscard]] static PopupList* popup();
 
     /// To the widget's middle, or so many pixels beside it.
     void moveTo(const Widget& widget, float right = 0, float down = 0);

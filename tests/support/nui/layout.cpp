@@ -55,7 +55,7 @@ MeasuringEngine::~MeasuringEngine()
 }
 
 LayoutText::LayoutText(std::string_view json)
-    : loader_(hostPath(written(folder_ / "layout.json", json))), widgets_(loader_.load())
+    : widgets_(LayoutLoader(hostPath(written(folder_ / "layout.json", json))).load())
 {
 }
 

@@ -30,11 +30,9 @@ public:
 
     /// Empty for an id that the file doesn't have.
     [[nodiscard]] WidgetPtr find(const std::string& id) const;
-    [[nodiscard]] LayoutLoader& loader() { return loader_; }
 
 private:
     nrd::test::temp_folder folder_;
-    LayoutLoader loader_;
     WidgetMap widgets_;
 };
 

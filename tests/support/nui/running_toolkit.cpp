@@ -50,6 +50,12 @@ void RunningToolkit::turn()
     engine().step();
 }
 
+void RunningToolkit::turnAfter(std::uint64_t milliseconds)
+{
+    clock.advance(milliseconds);
+    turn();
+}
+
 void RunningToolkit::frame()
 {
     clock.advance(100);
@@ -70,30 +76,34 @@ void RunningToolkit::move(int x, int y)
     turn();
 }
 
-void RunningToolkit::press(std::uint8_t button)
+void RunningToolkit::pushButton(std::uint32_t type, std::uint8_t number, std::uint8_t clicks)
 {
     SDL_Event event = {};
-    event.button.type = SDL_MOUSEBUTTONDOWN;
+    event.button.type = type;
     event.button.windowID = target->windowId();
-    event.button.button = button;
-    event.button.clicks = 1;
+    event.button.button = number;
+    event.button.clicks = clicks;
     event.button.x = x_;
     event.button.y = y_;
     SDL_PushEvent(&event);
     turn();
 }
 
+void RunningToolkit::press(std::uint8_t button)
+{
+    pushButton(SDL_MOUSEBUTTONDOWN, button, 1);
+}
+
 void RunningToolkit::release(std::uint8_t button, std::uint8_t clicks)
 {
-    SDL_Event event = {};
-    event.button.type = SDL_MOUSEBUTTONUP;
-    event.button.windowID = target->windowId();
-    event.button.button = button;
-    event.button.clicks = clicks;
-    event.button.x = x_;
-    event.button.y = y_;
-    SDL_PushEvent(&event);
-    turn();
+    pushButton(SDL_MOUSEBUTTONUP, button, clicks);
+}
+
+void RunningToolkit::click(int x, int y, std::uint8_t button)
+{
+    move(x, y);
+    press(button);
+    release(button);
 }
 
 void RunningToolkit::wheel(int notches)
@@ -106,16 +116,21 @@ void RunningToolkit::wheel(int notches)
     turn();
 }
 
-void RunningToolkit::key(std::int32_t keycode, std::uint16_t modifiers, bool down, bool repeat)
+void RunningToolkit::key(std::int32_t keycode, std::uint16_t modifiers)
 {
     SDL_Event event = {};
-    event.key.type = down ? SDL_KEYDOWN : SDL_KEYUP;
+    event.key.type = SDL_KEYDOWN;
     event.key.windowID = target->windowId();
     event.key.keysym.sym = keycode;
     event.key.keysym.mod = modifiers;
-    event.key.repeat = repeat ? 1 : 0;
     SDL_PushEvent(&event);
     turn();
+}
+
+void RunningToolkit::keys(std::initializer_list<Key> pressed)
+{
+    for (const Key& each : pressed)
+        key(each.code, each.modifiers);
 }
 
 void RunningToolkit::type(const std::string& text)

@@ -4,12 +4,26 @@
 #include "support/nui/frame_clock.h"
 #include "support/nui/layout.h"
 
+#include <SDL_keycode.h>
+
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace nui::test {
+
+struct Key {
+    Key(std::int32_t keycode, std::uint16_t held = 0) : code(keycode), modifiers(held) {}
+
+    std::int32_t code;
+    std::uint16_t modifiers;
+};
+
+// Key modifiers.
+inline constexpr std::uint16_t Shift = KMOD_LSHIFT;
+inline constexpr std::uint16_t Control = KMOD_RCTRL;
 
 /// The toolkit started whole, with real windows and a clock that the test moves. Input goes
 /// through SDL's queue and takes effect with the next turn of the loop, which each call makes.
@@ -28,14 +42,19 @@ public:
     void frame();
     /// A turn of the loop without time.
     void turn();
+    /// A turn of the loop after so many milliseconds.
+    void turnAfter(std::uint64_t milliseconds);
 
     /// Of the window that was opened last, unless another is given.
     void move(int x, int y);
     void press(std::uint8_t button = 1);
     void release(std::uint8_t button = 1, std::uint8_t clicks = 1);
+    /// Moves there, presses and releases.
+    void click(int x, int y, std::uint8_t button = 1);
     void wheel(int notches);
-    void key(std::int32_t keycode, std::uint16_t modifiers = 0, bool down = true,
-             bool repeat = false);
+    void key(std::int32_t keycode, std::uint16_t modifiers = 0);
+    /// One after the other.
+    void keys(std::initializer_list<Key> pressed);
     void type(const std::string& text);
     void windowEvent(std::uint8_t subEvent, const Screen& screen);
 
@@ -43,6 +62,8 @@ public:
     std::shared_ptr<Screen> target; ///< gets the input
 
 private:
+    void pushButton(std::uint32_t type, std::uint8_t number, std::uint8_t clicks);
+
     std::vector<std::unique_ptr<LayoutText>> layouts_;
     int x_ = 0;
     int y_ = 0;

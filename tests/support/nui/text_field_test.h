@@ -11,21 +11,12 @@
 #include <SDL.h>
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <memory>
 #include <sstream>
 #include <string>
-#include <vector>
 
 namespace nui::test {
-
-struct Key {
-    std::int32_t code;
-    std::uint16_t modifiers = 0;
-};
-
-// Key modifiers.
-inline constexpr std::uint16_t Shift = KMOD_LSHIFT;
-inline constexpr std::uint16_t Control = KMOD_RCTRL;
 
 /// A field in a window, worked with pointer and keys. Texts are written in FixedFont.
 class TextFieldTest : public testing::Test {
@@ -87,10 +78,9 @@ protected:
         return nrd::misc::to_utf8(text);
     }
 
-    std::string after(const std::vector<Key>& keys)
+    std::string after(std::initializer_list<Key> keys)
     {
-        for (const Key& key : keys)
-            toolkit.key(key.code, key.modifiers);
+        toolkit.keys(keys);
         return shown();
     }
 
