@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 #include <utility>
 
@@ -249,12 +248,6 @@ TEST_F(choose_fonts_test, without_any_font_the_files_beside_the_layouts_are_take
                         "default font path has fallen back to: R\\fonts\\NotoSans-Regular.ttf\n"
                         "setting default edit font to R\\fonts\\NotoSans-Regular.ttf\n"
                         "leaving changeLanguageFont\n");
-}
-
-TEST_F(choose_fonts_test, a_log_that_cannot_be_called_is_an_error_of_the_caller)
-{
-    EXPECT_THROW(nui::changeLanguageAndFont(fonts, lang, "en", false, {}, nui::TextLog()),
-                 std::bad_function_call);
 }
 
 } // namespace

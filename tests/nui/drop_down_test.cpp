@@ -5,7 +5,6 @@
 #include "nui/menus/popup_menu.h"
 #include "nui/menus/text_menu.h"
 #include "nui/widgets/list_box.h"
-#include "nui/widgets/popup_list.h"
 #include "nui/widgets/text_label.h"
 #include "support/nui/control_test.h"
 #include "support/nui/layout_folder.h"
@@ -15,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -36,17 +36,6 @@ protected:
              "{'class': 'ListBox', 'id': 'looks', 'itemTemplate': 'row'}");
         choice = &get<DropDown>("choice");
         noteActivations("choice", [this] { return choice->selectedText(); });
-    }
-
-    static PopupList* popup() { return dynamic_cast<PopupList*>(engine().popups.open().get()); }
-
-    static std::string placeOfPopup()
-    {
-        const PopupList& list = *popup();
-        return std::to_string(static_cast<int>(list.localX)) + " " +
-               std::to_string(static_cast<int>(list.localY)) + " " +
-               std::to_string(static_cast<int>(list.width)) + " " +
-               std::to_string(static_cast<int>(list.height));
     }
 
     DropDown* choice = nullptr;
@@ -82,8 +71,7 @@ TEST_F(drop_down_test, a_choice_ends_in_a_release_or_key_that_finds_it_made)
     subscribe(*choice, nui::keyboard::Down, listen, &heard);
     click("choice");
     click(*popup()->list().children()[2]);
-    toolkit.key(SDLK_UP);
-    toolkit.key(SDLK_HOME);
+    toolkit.keys({SDLK_UP, SDLK_HOME});
     EXPECT_EQ(heard, " three two one one ");
 }
 
@@ -91,8 +79,7 @@ TEST_F(drop_down_test, keys_change_the_selection_without_the_list)
 {
     openDropDown();
     focus("choice");
-    for (const int key : {SDLK_DOWN, SDLK_DOWN, SDLK_DOWN, SDLK_DOWN, SDLK_UP, SDLK_HOME, SDLK_END})
-        toolkit.key(key);
+    toolkit.keys({SDLK_DOWN, SDLK_DOWN, SDLK_DOWN, SDLK_DOWN, SDLK_UP, SDLK_HOME, SDLK_END});
     EXPECT_EQ(taken(), "one two three two one three ");
     toolkit.type("t");
     EXPECT_EQ(taken(), "two ");
@@ -133,26 +120,20 @@ TEST_F(drop_down_test, keys_work_the_open_list_and_keep_out_the_form)
     openDropDown(0, ", 'selected': 0");
     noteActivations("ok", [] { return "ok"; });
     focus("choice");
-    toolkit.key(SDLK_F4);
-    toolkit.key(SDLK_DOWN);
+    toolkit.keys({SDLK_F4, SDLK_DOWN});
     EXPECT_EQ(choice->selectedIndex(), 0) << "not chosen yet";
     toolkit.key(SDLK_ESCAPE);
     EXPECT_FALSE(choice->isListOpen());
     EXPECT_EQ(choice->selectedIndex(), 0);
-    toolkit.key(SDLK_DOWN, KMOD_LALT);
-    toolkit.key(SDLK_END);
-    toolkit.key(SDLK_RETURN);
+    toolkit.keys({{SDLK_DOWN, KMOD_LALT}, SDLK_END, SDLK_RETURN});
     EXPECT_EQ(taken(), "three ");
     toolkit.key(SDLK_RETURN);
     EXPECT_EQ(taken(), "ok ") << "the list has closed";
-    toolkit.key(SDLK_F4);
-    toolkit.key(SDLK_F4);
+    toolkit.keys({SDLK_F4, SDLK_F4});
     EXPECT_FALSE(choice->isListOpen());
-    toolkit.key(SDLK_DOWN, KMOD_LALT);
-    toolkit.key(SDLK_UP, KMOD_LALT);
+    toolkit.keys({{SDLK_DOWN, KMOD_LALT}, {SDLK_UP, KMOD_LALT}});
     EXPECT_FALSE(choice->isListOpen());
-    toolkit.key(SDLK_SPACE);
-    toolkit.key(SDLK_TAB);
+    toolkit.keys({SDLK_SPACE, SDLK_TAB});
     EXPECT_FALSE(choice->isListOpen());
     EXPECT_EQ(focused(), "ok");
 }
@@ -199,15 +180,14 @@ TEST_F(drop_down_test, the_program_selects_by_text_in_a_list_that_was_never_open
 TEST_F(drop_down_test, the_list_stays_in_the_window_below_or_above)
 {
     openDropDown(30);
-    choice->setItems({"one", "two", "three"});
     click("choice");
-    EXPECT_EQ(placeOfPopup().substr(0, 5), "0 50 ");
+    EXPECT_EQ(popup()->localX, 0);
+    EXPECT_EQ(popup()->localY, 50);
     EXPECT_EQ(popup()->height, 62);
     choice->closeList();
     choice->margin.top = 170;
     choice->margin.left = 280;
-    screen->markDirty();
-    toolkit.frame();
+    layOutAnew();
     click("choice");
     EXPECT_EQ(popup()->localY, 108) << "above";
     EXPECT_EQ(popup()->localX + popup()->width, 300);
@@ -216,11 +196,7 @@ TEST_F(drop_down_test, the_list_stays_in_the_window_below_or_above)
 TEST_F(drop_down_test, many_items_scroll_and_the_selected_one_is_seen)
 {
     openDropDown(0, ", 'maxRows': 4");
-    std::vector<std::string> items;
-    items.reserve(30);
-    for (int index = 0; index < 30; ++index)
-        items.push_back("item " + std::to_string(index));
-    choice->setItems(items);
+    choice->setItems(std::vector<std::string>(30, "item"));
     choice->select(20);
     click("choice");
     EXPECT_EQ(popup()->height, 82);
@@ -263,10 +239,7 @@ TEST_F(drop_down_test, a_clone_opens_a_list_of_its_own)
     openDropDown(0, ", 'selected': 2");
     click("choice");
     choice->closeList();
-    const auto copy = std::dynamic_pointer_cast<DropDown>(choice->clone());
-    screen->add(copy);
-    screen->markDirty();
-    toolkit.frame();
+    const auto copy = addClone(*choice);
     click(*copy);
     click(*popup()->list().children()[0]);
     EXPECT_EQ(copy->selectedText(), "one");
@@ -278,8 +251,7 @@ TEST_F(drop_down_test, the_list_goes_with_the_drop_down)
     openDropDown();
     click("choice");
     screen->remove(find("choice").get());
-    screen->markDirty();
-    toolkit.frame();
+    layOutAnew();
     EXPECT_EQ(popup(), nullptr);
 }
 

@@ -171,10 +171,15 @@ TEST_F(engine_test, an_open_window_speaks_a_new_language_at_once)
     const auto screen = toolkit.open(
         "{'widgets': [{'class': 'Screen', 'id': 'screen', 'windowWidth': 120, 'windowHeight': 80,"
         "'children': [{'class': 'TextLabel', 'name': 'label', 'text': 'OK'}]}]}");
-    const auto& label = dynamic_cast<nui::TextLabel&>(*screen->findByName("label"));
+    auto& label = dynamic_cast<nui::TextLabel&>(*screen->findByName("label"));
     EXPECT_EQ(label.getText(), "Fine");
     engine().changeLanguageAndFont("de", false, [](const std::string&) {});
     EXPECT_EQ(label.getText(), "Gut");
+    // The program's text lasts until the language changes, and is no key.
+    label.setText("OK");
+    EXPECT_EQ(label.getText(), "OK");
+    engine().changeLanguageAndFont("en", false, [](const std::string&) {});
+    EXPECT_EQ(label.getText(), "Fine");
 }
 
 TEST_F(engine_test, minimized_and_hidden_windows_are_not_drawn)
@@ -214,13 +219,10 @@ TEST_F(engine_test, a_timer_from_another_thread_reaches_its_widget_once)
     nui::test::EventLog log;
     log.listen(*widget);
     std::thread([&widget] { engine().addTimer(50, widget, false); }).join();
-    toolkit.clock.advance(49);
-    toolkit.turn();
+    toolkit.turnAfter(49);
     EXPECT_EQ(log.take(), "");
-    toolkit.clock.advance(1);
-    toolkit.turn();
-    toolkit.clock.advance(500);
-    toolkit.turn();
+    toolkit.turnAfter(1);
+    toolkit.turnAfter(500);
     EXPECT_EQ(log.take(), "TIME inside 1\n");
 }
 

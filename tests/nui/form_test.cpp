@@ -80,8 +80,7 @@ TEST_F(form_test, return_activates_the_default_item_but_not_by_itself)
     nui::test::EventLog log;
     log.listen(*find("d"));
     form->form->setDefaultItem(find("d"));
-    toolkit.key(SDLK_RETURN);
-    toolkit.key(SDLK_KP_ENTER);
+    toolkit.keys({SDLK_RETURN, SDLK_KP_ENTER});
     EXPECT_EQ(log.take(), "0 d 1\n0 d 1\n");
     focus("d");
     (void)log.take();

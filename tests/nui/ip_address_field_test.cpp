@@ -91,8 +91,7 @@ TEST_F(ip_address_field_test, keys_lead_from_number_to_number)
     EXPECT_EQ(first.caret(), 2);
     toolkit.key(SDLK_TAB);
     get<nui::TextField>("number1").setCaret(0);
-    toolkit.key(SDLK_BACKSPACE);
-    toolkit.key(SDLK_BACKSPACE);
+    toolkit.keys({SDLK_BACKSPACE, SDLK_BACKSPACE});
     EXPECT_EQ(field->address(), "1.20.30.40");
     type(".");
     EXPECT_EQ(focused(), "number1");
@@ -129,10 +128,7 @@ TEST_F(ip_address_field_test, the_program_sets_whole_addresses_in_silence)
 TEST_F(ip_address_field_test, a_clone_has_an_address_of_its_own)
 {
     openField(", 'address': '1.2.3.4'");
-    const auto copy = std::dynamic_pointer_cast<IpAddressField>(field->clone());
-    screen->add(copy);
-    screen->markDirty();
-    toolkit.frame();
+    const auto copy = addClone(*field);
     nui::engine().setFocus(copy->findByName("number2")->shared_from_this());
     dynamic_cast<nui::TextField&>(*copy->findByName("number2")).selectAll();
     type("77.9");

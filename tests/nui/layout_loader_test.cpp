@@ -2,7 +2,6 @@
 
 #include "nui/engine/engine.h"
 #include "nui/reader/widget_registry.h"
-#include "nui/text/lang.h"
 #include "nui/widgets/container.h"
 #include "nui/widgets/text_label.h"
 #include "support/nui/layout.h"
@@ -312,24 +311,6 @@ TEST_F(layout_loader_test, the_last_module_init_is_called_when_all_is_there)
     LayoutLoader("main.json").loadInto(cache, target);
     EXPECT_EQ(target.at("b")->toolTip, "");
     EXPECT_EQ(target.at("widget4")->toolTip, "5 4");
-}
-
-TEST_F(layout_loader_test, texts_are_looked_up_when_they_are_read_and_again_when_told)
-{
-    folder.write("langfile.txt", "key\ten\tde\nOK\tFine\tGut\n");
-    nui::engine().lang = std::make_unique<nui::Lang>(folder.path() + "langfile.txt");
-    nui::engine().lang->languageUnicode = "en";
-    const auto label = std::dynamic_pointer_cast<nui::TextLabel>(
-        built("'widgets': [{'id': 'w', 'class': 'TextLabel', 'text': 'OK'}]"));
-    EXPECT_EQ(label->getText(), "Fine");
-    nui::engine().lang->languageUnicode = "de";
-    label->reloadText();
-    EXPECT_EQ(label->getText(), "Gut");
-    // The program's text lasts until the language changes.
-    label->setText("OK");
-    EXPECT_EQ(label->getText(), "OK");
-    label->reloadText();
-    EXPECT_EQ(label->getText(), "Gut");
 }
 
 } // namespace

@@ -79,14 +79,8 @@ TEST_F(list_box_test, keys_move_the_selection_past_what_is_disabled)
     openList("ListBox");
     focus("list");
     get<ListBox>("list").children()[1]->setEnabled(false);
-    toolkit.key(SDLK_DOWN);
-    toolkit.key(SDLK_DOWN);
-    toolkit.key(SDLK_PAGEDOWN);
-    toolkit.key(SDLK_END);
-    toolkit.key(SDLK_DOWN);
-    toolkit.key(SDLK_UP);
-    toolkit.key(SDLK_PAGEUP);
-    toolkit.key(SDLK_HOME);
+    toolkit.keys({SDLK_DOWN, SDLK_DOWN, SDLK_PAGEDOWN, SDLK_END, SDLK_DOWN, SDLK_UP, SDLK_PAGEUP,
+                  SDLK_HOME});
     EXPECT_EQ(taken(), "0 2 6 9 8 4 0 ");
 }
 
@@ -157,16 +151,13 @@ TEST_F(list_box_test, keys_select_several_items)
 {
     openList("SelectionList");
     focus("list");
-    toolkit.key(SDLK_DOWN);
-    toolkit.key(SDLK_DOWN, KMOD_LSHIFT);
-    toolkit.key(SDLK_DOWN, KMOD_LSHIFT);
+    toolkit.keys({SDLK_DOWN, {SDLK_DOWN, KMOD_LSHIFT}, {SDLK_DOWN, KMOD_LSHIFT}});
     EXPECT_EQ(taken(), "0 01 012 ");
     toolkit.key(SDLK_DOWN, KMOD_LCTRL);
     EXPECT_EQ(taken(), "");
     toolkit.key(SDLK_SPACE);
     EXPECT_EQ(taken(), "0123 ");
-    toolkit.key(SDLK_a, KMOD_LCTRL);
-    toolkit.key(SDLK_a, KMOD_LCTRL);
+    toolkit.keys({{SDLK_a, KMOD_LCTRL}, {SDLK_a, KMOD_LCTRL}});
     EXPECT_EQ(taken(), "0123456789 ");
     get<SelectionList>("list").setSelection({5, 70});
     EXPECT_EQ(state(), "5");

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 #include <string>
 
@@ -109,27 +110,24 @@ void note(MenuEvent& event)
 
 TEST_F(menu_test, activation_goes_up_the_menus_until_it_is_ended)
 {
-    const PopupMenuPtr menu =
-        load("{'id': 'm', 'text': 'outer', 'children': [{'text': 'middle', 'children': ["
-             "{'text': 'item'}]}]}");
-    const auto middle = std::dynamic_pointer_cast<PopupMenu>(menu->children().front());
-    const PopupMenuItemPtr item = middle->children().front();
     struct {
         std::uint32_t level;
         const char* heard;
     } const cases[] = {{100, "item1 of item; middle2 of item; outer2 of item; "},
                        {101, "item1 of item; "}};
     for (const auto& [level, heard] : cases) {
+        const PopupMenuPtr menu =
+            load("{'id': 'm', 'text': 'outer', 'children': [{'text': 'middle', 'children': ["
+                 "{'text': 'item'}]}]}");
+        const auto middle = std::dynamic_pointer_cast<PopupMenu>(menu->children().front());
+        const PopupMenuItemPtr item = middle->children().front();
         std::string log;
         Note own{&log, level};
-        for (const PopupMenuItemPtr& each :
-             {PopupMenuItemPtr(menu), PopupMenuItemPtr(middle), item})
+        for (PopupMenuItem* const each :
+             std::initializer_list<PopupMenuItem*>{item.get(), middle.get(), menu.get()})
             each->listeners.subscribe(nui::plain_event::Activate, note, &own);
         activate(*item);
         EXPECT_EQ(log, heard);
-        for (const PopupMenuItemPtr& each :
-             {PopupMenuItemPtr(menu), PopupMenuItemPtr(middle), item})
-            each->listeners.unsubscribe(nui::plain_event::Activate, note);
     }
 }
 

@@ -138,10 +138,7 @@ TEST_F(number_field_test, keys_and_the_wheel_step)
     toolkit.wheel(1);
     EXPECT_EQ(taken(), "") << "without the keyboard it scrolls what is around";
     focus("field");
-    toolkit.key(SDLK_UP);
-    toolkit.key(SDLK_PAGEUP);
-    toolkit.key(SDLK_PAGEUP);
-    toolkit.key(SDLK_DOWN);
+    toolkit.keys({SDLK_UP, SDLK_PAGEUP, SDLK_PAGEUP, SDLK_DOWN});
     toolkit.wheel(-2);
     EXPECT_EQ(taken(), "0.500 5.500 6.000 5.500 4.500 ");
     type("1");
@@ -185,10 +182,7 @@ TEST_F(number_field_test, decimals_are_written_as_the_language_does)
 TEST_F(number_field_test, a_clone_has_a_number_of_its_own)
 {
     openField(", 'value': 3");
-    const auto copy = std::dynamic_pointer_cast<NumberField>(number->clone());
-    screen->add(copy);
-    screen->markDirty();
-    toolkit.frame();
+    const auto copy = addClone(*number);
     engine().setFocus(copy->findByName("field")->shared_from_this());
     toolkit.key(SDLK_UP);
     EXPECT_EQ(copy->value(), 4);

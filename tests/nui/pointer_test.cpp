@@ -21,8 +21,6 @@ protected:
     pointer_test()
     {
         screen = toolkit.open(R"({'templates': [
-                {'class': 'Widget', 'id': 'plain', 'width': 100, 'height': 50,
-                 'backgroundColor': '#000001', 'overTemplate': 'hot', 'pressedTemplate': 'deep'},
                 {'class': 'Widget', 'id': 'hot', 'backgroundColor': '#000002'},
                 {'class': 'Widget', 'id': 'deep', 'backgroundColor': '#000003'},
                 {'class': 'Widget', 'id': 'button', 'width': 100, 'height': 50,
@@ -134,9 +132,7 @@ TEST_F(pointer_test, a_captured_pointer_stays_with_its_widget_until_all_buttons_
 TEST_F(pointer_test, a_stopped_release_is_no_click)
 {
     log.stopAt("left", nui::touch::Release, 1);
-    toolkit.move(10, 10);
-    toolkit.press();
-    toolkit.release();
+    toolkit.click(10, 10);
     EXPECT_EQ(log.takeWithoutHover(),
               "TOUC left 1\nTOUC box 2\nTOUC screen 2\nZOUC left 1\nZOUC screen 2\n");
 }
@@ -250,11 +246,9 @@ TEST_F(pointer_test, a_tool_tip_waits_for_rest_and_shows_under_the_pointer)
     toolkit.move(10, 60);
     toolkit.clock.advance(700);
     toolkit.move(12, 62);
-    toolkit.clock.advance(700);
-    toolkit.turn();
+    toolkit.turnAfter(700);
     EXPECT_EQ(shown(), "");
-    toolkit.clock.advance(300);
-    toolkit.turn();
+    toolkit.turnAfter(300);
     EXPECT_EQ(shown(), "about below");
     EXPECT_EQ(engine().toolTips.widget()->localY, 62 + 32);
     EXPECT_EQ(engine().tweens.size(), 1U);
@@ -270,8 +264,7 @@ TEST_F(pointer_test, a_tool_tip_speaks_the_language)
     engine().lang->load(nui::test::hostPath(folder / "texts"));
     engine().lang->setLanguage("en");
     toolkit.move(10, 60);
-    toolkit.clock.advance(1000);
-    toolkit.turn();
+    toolkit.turnAfter(1000);
     EXPECT_EQ(engine().toolTips.widget()->getText(), "What is below");
 }
 
@@ -285,9 +278,7 @@ TEST_F(pointer_test, a_popup_closes_by_a_press_beside_it)
     popup->add(std::make_shared<nui::Widget>());
     engine().showPopup(popup);
     toolkit.frame();
-    toolkit.move(10, 10);
-    toolkit.press();
-    toolkit.release();
+    toolkit.click(10, 10);
     EXPECT_EQ(engine().popups.open(), popup);
     const nui::WidgetPtr inside = popup->children().front();
     engine().setFocus(inside);
@@ -334,15 +325,13 @@ TEST_F(pointer_test, a_listener_may_take_its_widget_off_while_the_pointer_leaves
 TEST_F(pointer_test, a_tool_tip_follows_to_the_window_that_it_is_for)
 {
     toolkit.move(10, 60);
-    toolkit.clock.advance(1000);
-    toolkit.turn();
+    toolkit.turnAfter(1000);
     EXPECT_EQ(engine().toolTips.widget()->screen(), screen.get());
     const auto other = toolkit.open(R"({'widgets': [{'class': 'Screen', 'id': 'screen',
         'windowWidth': 50, 'windowHeight': 50, 'borderless': true, 'children': [
             {'class': 'Widget', 'name': 'spot', 'toolTip': 'about spot'}]}]})");
     toolkit.move(10, 10);
-    toolkit.clock.advance(1000);
-    toolkit.turn();
+    toolkit.turnAfter(1000);
     EXPECT_EQ(engine().toolTips.widget()->screen(), other.get());
     engine().closeScreen(other);
     EXPECT_EQ(engine().toolTips.widget()->parent, nullptr);

@@ -57,9 +57,8 @@ TEST_F(slider_test, keys_step_from_the_minimum_to_the_limits)
 {
     openSlider(", 'minimum': 5, 'maximum': 42, 'step': 10, 'value': 5");
     focus("slider");
-    for (const int key : {SDLK_LEFT, SDLK_RIGHT, SDLK_UP, SDLK_DOWN, SDLK_PAGEUP, SDLK_END,
-                          SDLK_RIGHT, SDLK_LEFT, SDLK_PAGEDOWN, SDLK_HOME})
-        toolkit.key(key);
+    toolkit.keys({SDLK_LEFT, SDLK_RIGHT, SDLK_UP, SDLK_DOWN, SDLK_PAGEUP, SDLK_END, SDLK_RIGHT,
+                  SDLK_LEFT, SDLK_PAGEDOWN, SDLK_HOME});
     EXPECT_EQ(taken(), "15 25 15 25 42 35 25 5 ");
     slider->setEnabled(false);
     toolkit.key(SDLK_END);

@@ -124,14 +124,6 @@ protected:
 
 TEST_F(language_font_test, the_systems_own_face_does_for_the_systems_language)
 {
-    const Search english(fonts, "en", "Segoe UI", false);
-    EXPECT_EQ(english.path, "F/segoeui.ttf");
-    EXPECT_EQ(english.printFont, "Arial");
-    EXPECT_EQ(english.log, "!nativeName.empty()\nnativeName: Segoe UI\npath: F/segoeui.ttf\n"
-                           "!path.empty()\n!specificLanguage\n"
-                           "systemFonts[k]: jp\nsystemFonts[k]: ko\nsystemFonts[k]: chs\n"
-                           "systemFonts[k]: cht\n");
-
     const Search korean(fonts, "kor", "Malgun Gothic UI", false);
     EXPECT_EQ(korean.path, "F/malgun.ttf");
     EXPECT_EQ(korean.printFont, "Malgun Gothic");

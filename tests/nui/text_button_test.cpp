@@ -3,12 +3,9 @@
 #include "nui/engine/engine.h"
 #include "nui/events/dispatch.h"
 #include "nui/widgets/link_text_button.h"
-#include "support/nui/event_log.h"
-#include "support/nui/fixed_font.h"
-#include "support/nui/headless_screen.h"
-#include "support/nui/layout.h"
+#include "support/nui/control_test.h"
+#include "support/nui/drawn_widget.h"
 #include "support/nui/pixel_at.h"
-#include "support/nui/running_toolkit.h"
 
 #include <SDL.h>
 #include <gtest/gtest.h>
@@ -20,40 +17,24 @@ namespace {
 
 using nui::test::FixedFont;
 
-FixedFont& useFixedFont()
-{
-    nui::engine().fonts.defaultFont = std::make_unique<FixedFont>();
-    return static_cast<FixedFont&>(*nui::engine().fonts.defaultFont);
-}
-
 /// A button in a box of 200 by 100 on a display that is 2000 wide.
-class text_button_layout_test : public testing::Test {
+class text_button_layout_test : public nui::test::DrawnWidgetTest<nui::TextButton> {
 protected:
+    text_button_layout_test() : DrawnWidgetTest(200, 100) {}
+
     void build(const std::string& keys)
     {
-        box = nui::test::containerOf(
-            "{'class': 'Container', 'width': 200, 'height': 100, 'children': ["
-            "{'class': 'TextButton', " +
-            keys + "}]}");
-        nui::test::layOut(*box);
-        button = std::dynamic_pointer_cast<nui::TextButton>(box->children()[0]);
+        DrawnWidgetTest::build("'class': 'TextButton', " + keys);
     }
 
     /// Its size, and what it draws.
     std::string laidOut(const std::string& keys)
     {
         build(keys);
-        (void)font.takeDrawn();
-        box->draw({0, 0}, 1);
-        return std::to_string(static_cast<int>(button->width)) + "x" +
-               std::to_string(static_cast<int>(button->height)) + ": " + font.takeDrawn();
+        (void)font().takeDrawn();
+        draw();
+        return size() + ": " + font().takeDrawn();
     }
-
-    nui::test::MeasuringEngine engine;
-    nui::test::HeadlessScreen window{200, 100};
-    FixedFont& font = useFixedFont();
-    std::shared_ptr<nui::Container> box;
-    std::shared_ptr<nui::TextButton> button;
 };
 
 TEST_F(text_button_layout_test, content_is_the_text_and_its_padding_but_no_less_than_the_least)
@@ -90,8 +71,8 @@ TEST_F(text_button_layout_test, one_line_that_does_not_wrap_has_the_display_s_wi
     EXPECT_EQ(laidOut(keys + ", 'textAlignment': 'Right'"),
               "100x20: 'a b' at -1900,0 in 2000x20 ffffffff lines 1\n");
     build("'text': 'a b', 'width': 10, 'height': 'content', 'wordWrap': false");
-    button->layout(0);
-    EXPECT_EQ(button->height, 40) << "only a single line goes on whatever the width";
+    widget->layout(0);
+    EXPECT_EQ(widget->height, 40) << "only a single line goes on whatever the width";
 }
 
 TEST_F(text_button_layout_test, quarter_turns_come_from_whole_right_angles)
@@ -99,7 +80,7 @@ TEST_F(text_button_layout_test, quarter_turns_come_from_whole_right_angles)
     for (const auto& [degrees, turns] :
          {std::pair{0U, 0U}, {45, 0}, {90, 1}, {180, 2}, {270, 3}, {359, 3}, {360, 0}, {450, 0}}) {
         build("'text': 'a', 'rotation': " + std::to_string(degrees));
-        EXPECT_EQ(button->rotation, turns) << degrees;
+        EXPECT_EQ(widget->rotation, turns) << degrees;
     }
 }
 
@@ -108,25 +89,24 @@ TEST_F(text_button_layout_test, a_turned_button_measures_its_sides_the_other_way
     const std::string keys = "'text': 'abc', 'width': 'content', 'height': 'content',"
                              " 'padding': {'left': 2, 'top': 5}, 'rotation': ";
     build(keys + "90");
-    EXPECT_EQ(button->width, 22);
-    EXPECT_EQ(button->height, 35);
+    EXPECT_EQ(widget->width, 22);
+    EXPECT_EQ(widget->height, 35);
     build(keys + "180");
-    EXPECT_EQ(button->width, 32);
-    EXPECT_EQ(button->height, 25);
+    EXPECT_EQ(widget->width, 32);
+    EXPECT_EQ(widget->height, 25);
     build("'text': 'abc de', 'width': 'content', 'height': 30, 'rotation': 270");
-    EXPECT_EQ(button->width, 40);
+    EXPECT_EQ(widget->width, 40);
 }
 
 TEST_F(text_button_layout_test, a_turned_text_is_drawn_from_its_picture)
 {
-    font.makesPictures = true;
+    font().makesPictures = true;
     // One character, a block of 8 by 16 in a box of 20 along the text and 16 across.
     const auto rows = [this](const std::string& degrees) {
         build("'text': 'a', 'width': 16, 'height': 20, 'verticalTextAlignment': 'Top',"
               " 'rotation': " +
               degrees);
-        window.clear();
-        box->draw({0, 0}, 1);
+        draw();
         std::string corners;
         for (const auto& [x, y] : {std::pair{1, 1}, {14, 1}, {1, 18}, {14, 18}})
             corners += nui::test::pixelAt(x, y) == "ffffff" ? 'x' : '.';
@@ -137,102 +117,70 @@ TEST_F(text_button_layout_test, a_turned_text_is_drawn_from_its_picture)
     EXPECT_EQ(rows("180"), "...x"); // begins at the right, upside down
     // The picture serves the frames after the first one.
     box->draw({0, 0}, 1);
-    EXPECT_EQ(font.picturesMade, 3);
+    EXPECT_EQ(font().picturesMade, 3);
 }
 
-/// A window with buttons, driven by events.
-class text_button_test : public testing::Test {
+class text_button_test : public nui::test::ControlTest {
 protected:
     text_button_test()
     {
-        useFixedFont();
-        screen = toolkit.open(R"({'templates': [
-            {'class': 'Widget', 'id': 'hot', 'backgroundColor': '#ff0000'},
-            {'class': 'TextButton', 'id': 'plain', 'backgroundColor': '#0000ff'}],
-            'widgets': [{'class': 'Screen', 'id': 'screen', 'name': 'screen',
-                         'backgroundColor': '#000000',
-            'windowWidth': 200, 'windowHeight': 100, 'form': true, 'children': [
-                {'template': 'plain', 'name': 'a', 'text': 'a', 'height': 20,
+        open(R"({'template': 'plain', 'name': 'a', 'text': 'a', 'height': 20,
                  'default': true, 'overTemplate': 'hot'},
                 {'class': 'TextButton', 'name': 'b', 'text': 'b', 'height': 20,
                  'overTemplate': 'hot'},
                 {'class': 'LinkTextButton', 'name': 'link', 'text': 'more', 'height': 20},
-                {'class': 'Widget', 'name': 'rest'}]}]})");
+                {'class': 'Widget', 'name': 'rest'})",
+             R"({'class': 'Widget', 'id': 'hot', 'backgroundColor': '#ff0000'},
+                {'class': 'TextButton', 'id': 'plain', 'backgroundColor': '#0000ff'})");
+        screen->name = "screen";
         for (const char* const name : {"a", "b", "screen"})
-            log.listen(*screen->findByName(name));
+            noteActivations(name, [name] { return name; });
     }
-
-    nui::WidgetPtr find(const char* name) { return screen->findByName(name)->shared_from_this(); }
-
-    /// The activations since the last call.
-    std::string activations()
-    {
-        std::istringstream lines(log.take());
-        std::string kept;
-        for (std::string line; std::getline(lines, line);)
-            kept += line.starts_with("0 ") ? line.substr(2) + "\n" : "";
-        return kept;
-    }
-
-    void clickAt(int x, int y)
-    {
-        toolkit.move(x, y);
-        toolkit.press();
-        toolkit.release();
-    }
-
-    nui::test::EventLog log; // hears of what goes until the toolkit has ended
-    nui::test::RunningToolkit toolkit;
-    std::shared_ptr<nui::Screen> screen;
 };
 
-TEST_F(text_button_test, a_click_activates_it_and_goes_on_to_the_ancestors)
-{
-    clickAt(50, 10);
-    EXPECT_EQ(activations(), "a 1\nscreen 2\n");
-}
-
-TEST_F(text_button_test, a_click_needs_press_and_release_on_the_button)
+TEST_F(text_button_test, a_click_needs_press_and_release_on_the_button_and_goes_on_to_the_ancestors)
 {
     toolkit.move(50, 10);
     toolkit.press();
     toolkit.move(50, 30);
     toolkit.release();
-    EXPECT_EQ(activations(), "");
+    EXPECT_EQ(taken(), "");
     toolkit.press(); // on b
     toolkit.move(50, 10);
     toolkit.move(50, 30);
     toolkit.release();
-    EXPECT_EQ(activations(), "b 1\nscreen 2\n");
+    EXPECT_EQ(taken(), "b screen ");
     toolkit.press(SDL_BUTTON_RIGHT);
     toolkit.release(SDL_BUTTON_RIGHT);
-    EXPECT_EQ(activations(), "");
+    EXPECT_EQ(taken(), "");
     find("b")->setEnabled(false);
-    clickAt(50, 30);
-    EXPECT_EQ(activations(), "");
+    toolkit.click(50, 30);
+    EXPECT_EQ(taken(), "");
 }
 
 TEST_F(text_button_test, who_stops_the_activation_stops_the_release)
 {
-    log.stopAt("b", nui::plain_event::Activate, nui::stop_level::EndsBubble);
-    clickAt(50, 30);
-    EXPECT_EQ(log.take().find("ZOUC screen"), std::string::npos);
-    clickAt(50, 10);
-    EXPECT_NE(log.take().find("ZOUC screen"), std::string::npos);
+    const auto stop = [](nui::WidgetEvent& event) { event.stop(nui::stop_level::EndsBubble); };
+    subscribe(*find("b"), nui::plain_event::Activate, stop, nullptr);
+    int releases = 0;
+    subscribe(
+        *screen, nui::touch::Release,
+        [](nui::WidgetEvent& event) { ++*static_cast<int*>(event.user); }, &releases);
+    click("b");
+    EXPECT_EQ(releases, 0);
+    click("a");
+    EXPECT_EQ(releases, 1);
 }
 
 TEST_F(text_button_test, return_and_space_activate_what_has_the_keyboard_unless_it_is_disabled)
 {
-    nui::engine().setFocus(find("b"));
-    (void)log.take();
-    toolkit.key(SDLK_RETURN);
-    toolkit.key(SDLK_KP_ENTER);
-    toolkit.key(SDLK_SPACE);
-    EXPECT_EQ(activations(), "b 1\nscreen 2\nb 1\nscreen 2\nb 1\nscreen 2\n");
+    focus("b");
+    toolkit.keys({SDLK_RETURN, SDLK_KP_ENTER, SDLK_SPACE});
+    EXPECT_EQ(taken(), "b screen b screen b screen ");
     toolkit.key(SDLK_x);
     find("b")->setEnabled(false);
     toolkit.key(SDLK_SPACE);
-    EXPECT_EQ(activations(), "");
+    EXPECT_EQ(taken(), "");
 }
 
 TEST_F(text_button_test, the_default_button_answers_for_the_form)
@@ -247,13 +195,13 @@ TEST_F(text_button_test, the_default_button_answers_for_the_form)
 TEST_F(text_button_test, the_keyboard_shows_on_a_button_of_a_form)
 {
     constexpr nui::Color Hot = 0xFF0000FF;
-    nui::engine().setFocus(find("a"));
+    focus("a");
     EXPECT_EQ(find("a")->backgroundColor, Hot);
     toolkit.key(SDLK_TAB);
     EXPECT_NE(find("a")->backgroundColor, Hot);
     EXPECT_EQ(screen->focusedWidget, find("b"));
     EXPECT_EQ(find("b")->backgroundColor, Hot) << "though it has no other look to go back to";
-    EXPECT_EQ(activations(), "");
+    EXPECT_EQ(taken(), "");
 }
 
 TEST_F(text_button_test, a_clone_is_clicked_by_itself)
@@ -261,10 +209,10 @@ TEST_F(text_button_test, a_clone_is_clicked_by_itself)
     const auto copy = find("b")->clone();
     copy->name = "copy";
     screen->replace(find("rest").get(), copy);
-    screen->markDirty();
-    toolkit.frame();
-    clickAt(50, 70);
-    EXPECT_EQ(activations(), "copy 1\nscreen 2\n");
+    layOutAnew();
+    noteActivations("copy", [] { return "copy"; });
+    click("copy");
+    EXPECT_EQ(taken(), "b copy screen ") << "whoever heard of b hears of its clone";
 }
 
 TEST_F(text_button_test, a_link_is_underlined_and_shows_the_hand_while_the_pointer_is_over_it)

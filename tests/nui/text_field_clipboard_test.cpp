@@ -21,18 +21,27 @@ using nui::test::Control;
 using nui::test::Shift;
 
 /// What goes to the clipboard and comes from it, also by the menu.
-class text_field_clipboard_test : public nui::test::TextFieldTest {};
+class text_field_clipboard_test : public nui::test::TextFieldTest {
+protected:
+    void loadMenu(const std::string& items)
+    {
+        folder.write("menu.json", "{'menus': [{'id': 'text_menu', 'children': [" + items + "]}]}");
+        nui::engine().textMenu = nui::loadTextMenu(folder.path() + "menu.json");
+    }
+
+    const nui::test::LayoutFolder folder;
+};
 
 TEST_F(text_field_clipboard_test, the_clipboard_gives_and_takes_text)
 {
     openFocused(", 'text': 'abcd'");
-    after({{SDLK_RIGHT}, {SDLK_RIGHT, Shift}, {SDLK_RIGHT, Shift}, {SDLK_c, Control}});
-    EXPECT_EQ(after({{SDLK_END}, {SDLK_v, Control}}), "abcdbc|");
+    after({SDLK_RIGHT, {SDLK_RIGHT, Shift}, {SDLK_RIGHT, Shift}, {SDLK_c, Control}});
+    EXPECT_EQ(after({SDLK_END, {SDLK_v, Control}}), "abcdbc|");
     EXPECT_EQ(heard("WEXT screen 2"), 1);
     EXPECT_EQ(after({{SDLK_a, Control}, {SDLK_x, Control}}), "|");
     EXPECT_EQ(after({{SDLK_v, Control}, {SDLK_v, Control}}), "abcdbcabcdbc|");
     // With nothing selected there is nothing to copy.
-    EXPECT_EQ(after({{SDLK_x, Control}, {SDLK_HOME}, {SDLK_v, Control}}), "abcdbc|abcdbcabcdbc");
+    EXPECT_EQ(after({{SDLK_x, Control}, SDLK_HOME, {SDLK_v, Control}}), "abcdbc|abcdbcabcdbc");
     SDL_SetClipboardText("one\r\ntwo\rthree");
     EXPECT_EQ(after({{SDLK_a, Control}, {SDLK_v, Control}}), "one|");
 }
@@ -64,7 +73,7 @@ TEST_F(text_field_clipboard_test, a_field_of_many_lines_takes_them_all)
     openFocused(", 'multiline': true");
     SDL_SetClipboardText("one\r\ntwo\rthree\n");
     EXPECT_EQ(after({{SDLK_v, Control}}), "one\ntwo\nthree\n|");
-    EXPECT_EQ(after({{SDLK_RETURN}, {SDLK_KP_ENTER, Shift}}), "one\ntwo\nthree\n\n\n|");
+    EXPECT_EQ(after({SDLK_RETURN, {SDLK_KP_ENTER, Shift}}), "one\ntwo\nthree\n\n\n|");
     EXPECT_EQ(heard("0 screen"), 0); // the default button is not asked
 }
 
@@ -73,8 +82,8 @@ TEST_F(text_field_clipboard_test, where_only_reading_is_allowed_selecting_and_co
     openFocused(", 'text': 'abc', 'readOnly': true, 'multiline': true");
     SDL_SetClipboardText("new");
     EXPECT_EQ(afterTyping("x"), "|abc");
-    EXPECT_EQ(after({{SDLK_RIGHT}, {SDLK_v, Control}, {SDLK_RETURN}, {SDLK_DELETE}}), "a|bc");
-    EXPECT_EQ(after({{SDLK_END, Shift}, {SDLK_x, Control}, {SDLK_BACKSPACE}}), "a[bc|]");
+    EXPECT_EQ(after({SDLK_RIGHT, {SDLK_v, Control}, SDLK_RETURN, SDLK_DELETE}), "a|bc");
+    EXPECT_EQ(after({{SDLK_END, Shift}, {SDLK_x, Control}, SDLK_BACKSPACE}), "a[bc|]");
     char* text = SDL_GetClipboardText();
     EXPECT_STREQ(text, "new");
     SDL_free(text);
@@ -86,12 +95,9 @@ TEST_F(text_field_clipboard_test, where_only_reading_is_allowed_selecting_and_co
 
 TEST_F(text_field_clipboard_test, the_right_button_opens_the_menu_of_what_can_be_done)
 {
-    const nui::test::LayoutFolder folder;
-    folder.write("text_menu.json", R"({"menus": [{"id": "text_menu", "children": [
-        {"name": "Cut", "text": "Cut"}, {"name": "Copy", "text": "Copy"},
-        {"name": "Paste", "text": "Paste"}, {"name": "Delete", "text": "Delete"}, {},
-        {"name": "SelectAll", "text": "Select all"}, {"name": "x", "text": "Other"}]}]})");
-    nui::engine().textMenu = nui::loadTextMenu(folder.path() + "text_menu.json");
+    loadMenu("{'name': 'Cut', 'text': 'Cut'}, {'name': 'Copy', 'text': 'Copy'},"
+             "{'name': 'Paste', 'text': 'Paste'}, {'name': 'Delete', 'text': 'Delete'}, {},"
+             "{'name': 'SelectAll', 'text': 'Select all'}, {'name': 'x', 'text': 'Other'}");
     EXPECT_EQ(nui::loadTextMenu(folder.path() + "none.json"), nullptr);
     openFocused(", 'text': 'abc'");
     SDL_SetClipboardText("new");
@@ -108,10 +114,10 @@ TEST_F(text_field_clipboard_test, the_right_button_opens_the_menu_of_what_can_be
     EXPECT_EQ(greyed(), "Cut Copy Delete ");
     toolkit.frame();
     // By key: past what is greyed. The field keeps the keyboard.
-    EXPECT_EQ(after({{SDLK_DOWN}, {SDLK_RETURN}}), "new|abc");
+    EXPECT_EQ(after({SDLK_DOWN, SDLK_RETURN}), "new|abc");
     EXPECT_FALSE(field->isMenuOpen());
     EXPECT_EQ(greyed(), "Cut Copy Delete ");
-    EXPECT_EQ(after({{SDLK_ESCAPE}}), "new|abc");
+    EXPECT_EQ(after({SDLK_ESCAPE}), "new|abc");
     EXPECT_FALSE(field->isMenuOpen());
     field->selectAll();
     EXPECT_EQ(greyed(), "SelectAll ");
@@ -133,10 +139,7 @@ TEST_F(text_field_clipboard_test, the_right_button_opens_the_menu_of_what_can_be
 
 TEST_F(text_field_clipboard_test, the_menu_of_a_field_in_a_popup_opens_and_closes_over_it)
 {
-    const nui::test::LayoutFolder folder;
-    folder.write("text_menu.json", R"({"menus": [{"id": "text_menu", "children": [
-        {"name": "SelectAll", "text": "Select all"}]}]})");
-    nui::engine().textMenu = nui::loadTextMenu(folder.path() + "text_menu.json");
+    loadMenu("{'name': 'SelectAll', 'text': 'Select all'}");
     open("");
     nui::Popups& popups = nui::engine().popups;
     const auto popup = std::make_shared<nui::Container>();
@@ -151,9 +154,7 @@ TEST_F(text_field_clipboard_test, the_menu_of_a_field_in_a_popup_opens_and_close
     nui::engine().showPopup(popup);
     toolkit.frame();
     const auto openMenu = [&] {
-        toolkit.move(50, 10);
-        toolkit.press(SDL_BUTTON_RIGHT);
-        toolkit.release(SDL_BUTTON_RIGHT);
+        toolkit.click(50, 10, SDL_BUTTON_RIGHT);
         toolkit.frame();
         return inside->isMenuOpen() && popups.isOpen(*popup) && popups.open() != popup;
     };
@@ -162,9 +163,7 @@ TEST_F(text_field_clipboard_test, the_menu_of_a_field_in_a_popup_opens_and_close
     EXPECT_EQ(popups.open(), popup);
     EXPECT_TRUE(openMenu());
     EXPECT_TRUE(openMenu()) << "in place of the first";
-    toolkit.move(10, 90);
-    toolkit.press();
-    toolkit.release();
+    toolkit.click(10, 90);
     EXPECT_EQ(popups.open(), popup) << "a press on the popup";
     EXPECT_TRUE(openMenu());
     toolkit.move(290, 110);
@@ -175,13 +174,10 @@ TEST_F(text_field_clipboard_test, the_menu_of_a_field_in_a_popup_opens_and_close
 
 TEST_F(text_field_clipboard_test, the_menu_is_in_the_language_of_the_user)
 {
-    const nui::test::LayoutFolder folder;
-    folder.write("text_menu.json", R"({"menus": [{"id": "text_menu", "children": [
-        {"name": "Cut", "text": "cut"}]}]})");
+    loadMenu("{'name': 'Cut', 'text': 'cut'}");
     folder.write("langfile.txt", "key\ten\ncut\tCut\nCut\tanother\n");
     nui::engine().lang = std::make_unique<nui::Lang>(folder.path() + "langfile.txt");
     nui::engine().lang->setLanguage("en");
-    nui::engine().textMenu = nui::loadTextMenu(folder.path() + "text_menu.json");
     openFocused("");
     toolkit.move(12, 10);
     toolkit.press(SDL_BUTTON_RIGHT);

@@ -33,8 +33,6 @@ TEST(resource_name_test, a_name_without_an_ending_is_a_png_file)
     EXPECT_EQ(imagePath("logo", "res.d"), "res.d/logo.png");
     EXPECT_EQ(imagePath("a.b/c", "res"), "res/a.b/c.png");
     EXPECT_EQ(imagePath("a.b\\c", "res"), "res/a.b/c.png");
-    EXPECT_EQ(imagePath("logo", ""), "logo.png");
-    EXPECT_EQ(imagePath("/logo", "res"), "/logo.png");
 }
 
 class texture_test : public testing::Test {

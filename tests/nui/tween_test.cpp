@@ -250,53 +250,37 @@ struct Scene {
 
 Scene* scene = nullptr;
 
-class tween_change_test : public testing::Test {
-protected:
-    tween_change_test() { scene = &own_; }
-    ~tween_change_test() override { scene = nullptr; }
-
-    /// Three tweens, of which the middle one calls `function` in its first step.
-    static std::string valuesAfterStep(nui::TweenCallback function)
-    {
-        for (std::size_t index = 0; index < 3; ++index) {
-            scene->tweens[index] = createTween(scene->manager, 1,
-                                               {item::value(&scene->values[index], 4.0F),
-                                                item::onStart(index == 1 ? function : nullptr)});
-        }
-        scene->manager.update(0.25F);
-        std::string text;
-        for (const float value : scene->values)
-            text += std::to_string(std::lround(value * 4)) + " ";
-        return text + "of " + std::to_string(scene->manager.size());
-    }
-
-private:
-    Scene own_;
-};
-
-TEST_F(tween_change_test, a_callback_may_kill_its_own_tween)
+/// Of three tweens, the middle one calls `function` in its first step.
+std::string valuesAfterStep(nui::TweenCallback function)
 {
-    const auto killItself = [](CTween&) { scene->manager.kill(scene->tweens[1]); };
-    EXPECT_EQ(valuesAfterStep(killItself), "4 0 4 0 of 2");
+    Scene own;
+    scene = &own;
+    for (std::size_t index = 0; index < 3; ++index) {
+        own.tweens[index] = createTween(own.manager, 1,
+                                        {item::value(&own.values[index], 4.0F),
+                                         item::onStart(index == 1 ? function : nullptr)});
+    }
+    own.manager.update(0.25F);
+    scene = nullptr;
+    std::string text;
+    for (const float value : own.values)
+        text += std::to_string(std::lround(value * 4)) + " ";
+    return text + "of " + std::to_string(own.manager.size());
 }
 
-TEST_F(tween_change_test, a_callback_may_kill_another_tween_and_none_is_left_out)
+TEST(tween_change_test, a_callback_may_kill_any_tween_and_none_of_the_others_is_left_out)
 {
     const auto killFirst = [](CTween&) { scene->manager.kill(scene->tweens[0]); };
     EXPECT_EQ(valuesAfterStep(killFirst), "4 4 4 0 of 2");
-    scene->manager.clear();
-    scene->values = {};
+    const auto killItself = [](CTween&) { scene->manager.kill(scene->tweens[1]); };
+    EXPECT_EQ(valuesAfterStep(killItself), "4 0 4 0 of 2");
     const auto killLast = [](CTween&) { scene->manager.kill(scene->tweens[2]); };
     EXPECT_EQ(valuesAfterStep(killLast), "4 4 0 0 of 2");
+    const auto killAll = [](CTween&) { scene->manager.clear(); };
+    EXPECT_EQ(valuesAfterStep(killAll), "4 0 0 0 of 0");
 }
 
-TEST_F(tween_change_test, a_callback_may_kill_all)
-{
-    const auto clear = [](CTween&) { scene->manager.clear(); };
-    EXPECT_EQ(valuesAfterStep(clear), "4 0 0 0 of 0");
-}
-
-TEST_F(tween_change_test, a_tween_that_a_callback_makes_is_advanced_with_the_rest)
+TEST(tween_change_test, a_tween_that_a_callback_makes_is_advanced_with_the_rest)
 {
     const auto makeAnother = [](CTween&) {
         createTween(scene->manager, 1, {item::value(&scene->values[3], 4.0F)});
@@ -304,7 +288,7 @@ TEST_F(tween_change_test, a_tween_that_a_callback_makes_is_advanced_with_the_res
     EXPECT_EQ(valuesAfterStep(makeAnother), "4 4 4 4 of 4");
 }
 
-TEST_F(tween_change_test, a_callback_may_run_the_loop)
+TEST(tween_change_test, a_callback_may_run_the_loop)
 {
     // The inner pass moves the others, and not the one whose start it is told of.
     const auto runLoop = [](CTween&) { scene->manager.update(0.25F); };

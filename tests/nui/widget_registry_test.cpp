@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <sstream>
 #include <string>
 
 namespace {
@@ -35,39 +36,17 @@ void registerSpecial(const char* name)
 
 TEST_F(widget_registry_test, every_class_of_the_toolkit_is_made_and_cloned_as_itself)
 {
-    for (const char* const name : {"Widget",
-                                   "Container",
-                                   "Image",
-                                   "TextLabel",
-                                   "TextButton",
-                                   "ToggleButton",
-                                   "TextField",
-                                   "Overlay",
-                                   "SolidScrollbar",
-                                   "SolidScrollbarChannel",
-                                   "Slider",
-                                   "SelectionList",
-                                   "DropDown",
-                                   "ImageArray",
-                                   "MultiStateButton",
-                                   "NumberField",
-                                   "Breadcrumbs",
-                                   "ProgressBar",
-                                   "PagesContainer",
-                                   "DefaultToolTip",
-                                   "MoreButton",
-                                   "LinkTextButton",
-                                   "ImageButton",
-                                   "SelectableImage",
-                                   "Screen",
-                                   "IpAddressField",
-                                   "OkCancelButton",
-                                   "ListBox",
-                                   "NumberTextField"}) {
-        const nui::WidgetPtr widget = createWidget(name);
+    std::istringstream names("Widget Container Image TextLabel TextButton ToggleButton TextField "
+                             "Overlay SolidScrollbar SolidScrollbarChannel Slider SelectionList "
+                             "DropDown ImageArray MultiStateButton NumberField Breadcrumbs "
+                             "ProgressBar PagesContainer DefaultToolTip MoreButton "
+                             "LinkTextButton ImageButton SelectableImage Screen IpAddressField "
+                             "OkCancelButton ListBox NumberTextField");
+    for (std::string name; names >> name;) {
+        const nui::WidgetPtr widget = createWidget(name.c_str());
         ASSERT_TRUE(widget) << name;
-        EXPECT_STREQ(widget->className(), name);
-        EXPECT_STREQ(widget->clone()->className(), name);
+        EXPECT_EQ(widget->className(), name);
+        EXPECT_EQ(widget->clone()->className(), name);
     }
 }
 
