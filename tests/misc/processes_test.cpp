@@ -4,7 +4,7 @@
 #include "support/file_content.h"
 #include "support/running_program.h"
 #include "support/temp_folder.h"
-#include "support/tiny_program.h"
+#include "tools/sample_machine/tiny_program.h"
 
 #include <gtest/gtest.h>
 #include <stdexcept>
@@ -51,17 +51,17 @@ TEST(processes, the_kind_of_a_program_is_told_by_its_header)
     const std::string dos = "MZ" + std::string(62, '\0');
     std::string new_executable = dos + "NE" + std::string(62, '\0');
     new_executable[0x3C] = 64;
-    std::string library = test::tiny_program(32);
+    std::string library = sample_machine::tiny_program(32);
     library[64 + 23] |= 0x20;
-    std::string foreign_machine = test::tiny_program(64);
+    std::string foreign_machine = sample_machine::tiny_program(64);
     foreign_machine[64 + 5] = '\xAA';
     const struct {
         const char* name;
         std::string bytes;
         const char* answer;
     } cases[] = {
-        {"32.exe", test::tiny_program(32), "32"},
-        {"64.exe", test::tiny_program(64), "64"},
+        {"32.exe", sample_machine::tiny_program(32), "32"},
+        {"64.exe", sample_machine::tiny_program(64), "64"},
         {"dos.exe", dos, "Executable not 32 or 64 bit"},
         {"16.exe", new_executable, "Executable not 32 or 64 bit"},
         {"text.exe", "plain text", "Not an executable"},

@@ -2,11 +2,12 @@
 
 #include "streams/streams.h"
 
+#include <string_view>
 #include <utility>
 
 namespace nrd::test {
 
-at_log_line::at_log_line(std::string words, action happening)
+at_log_line::at_log_line(std::string words, std::function<void()> happening)
     : words_(std::move(words)), happening_(std::move(happening))
 {
     streams::find_stream("installer").attach(this);
@@ -20,10 +21,8 @@ at_log_line::~at_log_line()
 void at_log_line::notify(const char*, std::size_t, const char* text, std::size_t text_length)
 {
     const std::string_view line(text, text_length);
-    const std::size_t at = line.find(words_);
-    if (happening_ && at != line.npos) {
-        const std::string_view end = ":\n";
-        std::exchange(happening_, nullptr)(line.substr(at, line.size() - end.size() - at));
+    if (happening_ && line.find(words_) != line.npos) {
+        std::exchange(happening_, nullptr)();
     }
 }
 

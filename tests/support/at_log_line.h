@@ -4,7 +4,6 @@
 
 #include <functional>
 #include <string>
-#include <string_view>
 
 namespace nrd::test {
 
@@ -12,10 +11,7 @@ namespace nrd::test {
 /// "installer": what happens on the machine in the middle of a run.
 class at_log_line : public streams::stream_observer {
 public:
-    /// The action gets the line's text from these words on, without the ":" at its end.
-    using action = std::function<void(std::string_view line)>;
-
-    at_log_line(std::string words, action happening);
+    at_log_line(std::string words, std::function<void()> happening);
     ~at_log_line() override;
     at_log_line(const at_log_line&) = delete;
     at_log_line& operator=(const at_log_line&) = delete;
@@ -23,11 +19,9 @@ public:
     void notify(const char* stream_name, std::size_t stream_name_length, const char* text,
                 std::size_t text_length) override;
 
-    [[nodiscard]] bool has_happened() const { return !happening_; }
-
 private:
     std::string words_;
-    action happening_;
+    std::function<void()> happening_;
 };
 
 } // namespace nrd::test

@@ -53,9 +53,9 @@ std::string log_capture::text() const
     return all;
 }
 
-bool log_capture::contains(std::string_view line) const
+std::ptrdiff_t log_capture::count(std::string_view line) const
 {
-    return std::find(lines_.begin(), lines_.end(), line) != lines_.end();
+    return std::count(lines_.begin(), lines_.end(), line);
 }
 
 } // namespace nrd::test

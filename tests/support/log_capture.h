@@ -2,6 +2,7 @@
 
 #include "streams/stream.h"
 
+#include <cstddef>
 #include <mutex>
 #include <string>
 #include <string_view>
@@ -24,7 +25,9 @@ public:
     [[nodiscard]] const std::vector<std::string>& lines() const { return lines_; }
     /// All lines, each with a line feed.
     [[nodiscard]] std::string text() const;
-    [[nodiscard]] bool contains(std::string_view line) const;
+    /// How often a line is there.
+    [[nodiscard]] std::ptrdiff_t count(std::string_view line) const;
+    [[nodiscard]] bool contains(std::string_view line) const { return count(line) != 0; }
 
 private:
     std::mutex writing_; ///< a worker logs while the test's thread does

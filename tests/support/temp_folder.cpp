@@ -4,6 +4,7 @@
 #include "misc/known_folders.h"
 #include "misc/processes.h"
 
+#include <boost/algorithm/string/replace.hpp>
 #include <gtest/gtest.h>
 
 namespace nrd::test {
@@ -27,6 +28,11 @@ temp_folder::~temp_folder()
 misc::path temp_folder::operator/(std::string_view below) const
 {
     return path_ / misc::to_path(below);
+}
+
+std::string temp_folder::plain(const std::string& text) const
+{
+    return boost::replace_all_copy(text, misc::to_utf8(path_), "T:");
 }
 
 } // namespace nrd::test

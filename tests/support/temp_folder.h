@@ -2,6 +2,9 @@
 
 #include "misc/path.h"
 
+#include <string>
+#include <string_view>
+
 namespace nrd::test {
 
 /// A fresh, empty folder on the machine; it goes, with all that is in it, when the object does.
@@ -16,6 +19,8 @@ public:
     [[nodiscard]] const misc::path& path() const { return path_; }
     /// `below` is UTF-8.
     [[nodiscard]] misc::path operator/(std::string_view below) const;
+    /// A text with "T:" wherever the folder is named.
+    [[nodiscard]] std::string plain(const std::string& text) const;
 
 private:
     misc::path path_;

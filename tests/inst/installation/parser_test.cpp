@@ -31,7 +31,7 @@ protected:
         return import_spec(file_);
     }
 
-    /// "text at file:line:column", the file relative to the folder.
+    /// "text at file:line:column".
     std::string fault(std::string_view xml)
     {
         write_file(file_, xml);
@@ -41,10 +41,9 @@ protected:
         if (!result.error) {
             return "none";
         }
-        const std::string file = to_utf8(result.error->file);
-        return result.error->description + " at " +
-               file.substr(to_utf8(folder_.path()).size() + 1) + ":" +
-               std::to_string(result.error->line) + ":" + std::to_string(result.error->column);
+        return folder_.plain(result.error->description + " at " + to_utf8(result.error->file)) +
+               ":" + std::to_string(result.error->line) + ":" +
+               std::to_string(result.error->column);
     }
 
     std::string preprocessed(std::string_view text)
@@ -159,8 +158,8 @@ TEST_F(import, include_without_a_quoted_name_throws_and_says_where)
         preprocessed("#include \"part.xml\"\n");
         FAIL();
     } catch (const std::out_of_range& error) {
-        EXPECT_EQ(error.what(),
-                  to_utf8(folder_ / "part.xml") + ":3: #include without a quoted file name");
+        EXPECT_EQ(folder_.plain(error.what()),
+                  "T:\\part.xml:3: #include without a quoted file name");
     }
     EXPECT_THROW(remove_quotes(""), std::out_of_range);
     EXPECT_EQ(remove_quotes("\""), "");
@@ -171,15 +170,15 @@ TEST_F(import, a_fault_is_told_with_the_parsers_words_at_its_place_in_the_author
 {
     write_file(folder_ / "good.xml", "<vars>\n</vars>\n");
     write_file(folder_ / "bad.xml", "<vars>\n  <var name=></vars>\n");
-    EXPECT_EQ(fault(""), "No document element found at install.xml:1:1");
+    EXPECT_EQ(fault(""), "No document element found at T:\\install.xml:1:1");
     EXPECT_EQ(fault("<installation>\n <vars></var></installation>"),
-              "Start-end tags mismatch at install.xml:2:10");
+              "Start-end tags mismatch at T:\\install.xml:2:10");
     EXPECT_EQ(fault("<installation>\n#include \"good.xml\"\n\n<vars a></vars></installation>"),
-              "Error parsing element attribute at install.xml:4:9");
+              "Error parsing element attribute at T:\\install.xml:4:9");
     EXPECT_EQ(fault("<installation>\n#include \"good.xml\"\n#include \"bad.xml\"\n</installation>"),
-              "Error parsing element attribute at bad.xml:2:13");
+              "Error parsing element attribute at T:\\bad.xml:2:13");
     EXPECT_EQ(fault("<installation>\n#include \"good.xml\"\n"),
-              "Start-end tags mismatch at good.xml:2:8");
+              "Start-end tags mismatch at T:\\good.xml:2:8");
 }
 
 TEST_F(import, the_log_of_an_import_is_this)
@@ -195,39 +194,34 @@ TEST_F(import, the_log_of_an_import_is_this)
                 "<shortcuts><shortcut location='l' destination='d'/></shortcuts>"
                 "<block_processes><block_process name='n' os='o'/></block_processes>"
                 "</installation>");
-    const std::string text = log.text();
-    const std::string folder = to_utf8(folder_.path());
+    const std::string text = folder_.plain(log.text());
     EXPECT_EQ(text.substr(0, text.find("Parsed spec: ")),
               "Attempting xml import.\n"
-              "Preprocessing " +
-                  folder +
-                  "\\install.xml\n"
-                  "Removing quotes from  \"vars.xml\"\n"
-                  "Preprocessing " +
-                  folder +
-                  "\\vars.xml\n"
-                  "Import successful.\n"
-                  "Parsing xml node to spec.\n"
-                  "Parsing xml node to var.\n"
-                  "Parsed: APP_NAME, App\n"
-                  "Adding vars.\n"
-                  "Finding var: APP_NAME\nCan't find APP_NAME\nAdding var: APP_NAMEApp\n"
-                  "Parsing xml node to packages.\n"
-                  "Parsing xml node to package details:\n"
-                  "Parsing xml node to filesets.\n"
-                  "Parsing xml node to fileset.\n"
-                  "Parsed to: a\\, b, c\n"
-                  "Parsing xml node to reg keys.\n"
-                  "Parsing xml node to reg key.\n"
-                  "Parsing xml node to path entries.\n"
-                  "Parsing xml node to path entry.\n"
-                  "Parsed to: p, c\n"
-                  "Parsing xml node to shortcuts.\n"
-                  "Parsing xml node to shortcut.\n"
-                  "Parsed to: l, d, all\n"
-                  "Parsing xml node to block processes.\n"
-                  "Parsing xml node to block process.\n"
-                  "Parsing to: n, o\n");
+              "Preprocessing T:\\install.xml\n"
+              "Removing quotes from  \"vars.xml\"\n"
+              "Preprocessing T:\\vars.xml\n"
+              "Import successful.\n"
+              "Parsing xml node to spec.\n"
+              "Parsing xml node to var.\n"
+              "Parsed: APP_NAME, App\n"
+              "Adding vars.\n"
+              "Finding var: APP_NAME\nCan't find APP_NAME\nAdding var: APP_NAMEApp\n"
+              "Parsing xml node to packages.\n"
+              "Parsing xml node to package details:\n"
+              "Parsing xml node to filesets.\n"
+              "Parsing xml node to fileset.\n"
+              "Parsed to: a\\, b, c\n"
+              "Parsing xml node to reg keys.\n"
+              "Parsing xml node to reg key.\n"
+              "Parsing xml node to path entries.\n"
+              "Parsing xml node to path entry.\n"
+              "Parsed to: p, c\n"
+              "Parsing xml node to shortcuts.\n"
+              "Parsing xml node to shortcut.\n"
+              "Parsed to: l, d, all\n"
+              "Parsing xml node to block processes.\n"
+              "Parsing xml node to block process.\n"
+              "Parsing to: n, o\n");
     EXPECT_NE(text.find("Parsed spec: AppVars:\nID: DEFAULT_PROGRAM_DIRECTORY, "), text.npos);
 }
 
@@ -235,8 +229,8 @@ TEST_F(import, the_log_of_a_failed_import_ends_with_the_parsers_words)
 {
     const test::log_capture log;
     import_text("<a>");
-    EXPECT_EQ(log.text(), "Attempting xml import.\nPreprocessing " + to_utf8(file_) +
-                              "\nImport failed.\nStart-end tags mismatch\n");
+    EXPECT_EQ(folder_.plain(log.text()), "Attempting xml import.\nPreprocessing T:\\install.xml\n"
+                                         "Import failed.\nStart-end tags mismatch\n");
 }
 
 } // namespace

@@ -3,7 +3,7 @@
 #include "misc/file_system.h"
 #include "misc/registry.h"
 #include "support/file_content.h"
-#include "support/tiny_program.h"
+#include "tools/sample_machine/tiny_program.h"
 
 #include <stdexcept>
 
@@ -43,16 +43,7 @@ void host_machine::listed(std::string_view key, std::string_view name, const mis
 void host_machine::illustrator(const misc::path& folder, int bits)
 {
     test::write_file(folder / "Support Files\\Contents\\Windows\\Illustrator.exe",
-                     test::tiny_program(bits));
-}
-
-std::string host_machine::plain(std::string text) const
-{
-    const std::string folder = misc::to_utf8(folder_.path());
-    for (std::size_t at; (at = text.find(folder)) != text.npos;) {
-        text.replace(at, folder.size(), "T:");
-    }
-    return text;
+                     sample_machine::tiny_program(bits));
 }
 
 host_machine::host_machine()

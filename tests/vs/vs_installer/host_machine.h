@@ -21,8 +21,6 @@ protected:
     static void listed(std::string_view key, std::string_view name, const misc::path& location);
     /// Illustrator's program of 32 or 64 bits in its place below a folder.
     static void illustrator(const misc::path& folder, int bits);
-    /// The texts "T:" for the temporary folder.
-    [[nodiscard]] std::string plain(std::string text) const;
 
     test::temp_folder folder_;
 };

@@ -4,7 +4,6 @@
 #include "misc/registry.h"
 #include "support/file_content.h"
 #include "support/log_capture.h"
-#include "support/tiny_program.h"
 #include "vs/vs_installer/host_machine.h"
 
 #include <stdexcept>
@@ -23,7 +22,7 @@ protected:
             text += to_utf8(each.key) + " | " + to_utf8(each.name) + " | " + to_utf8(each.path) +
                     (each.is_32_bit ? " | 32\n" : " | 64\n");
         }
-        return plain(text);
+        return folder_.plain(text);
     }
 
     void corel(const std::string& key, const std::string& destination)
@@ -63,15 +62,16 @@ TEST_F(hosts, corel_is_found_in_both_halves_of_the_registry)
         "CorelDRAW Graphics Suite 2020 | CorelDRAW Graphics Suite 2020 | T:\\2020\\ | 64\n"
         "CorelDRAW Graphics Suite X9 | CorelDRAW Graphics Suite X9 | T:\\bare | 32\n"
         "My CorelDRAW Graphics Suite X8 | My CorelDRAW Graphics Suite X8 | T:\\gone\\ | 32\n");
-    EXPECT_EQ(plain(log.text()), "Finding Corel versions.\n"
-                                 "Corel not found.\n"
-                                 "Corel not found.\n"
-                                 "Found Corel installations:\n"
-                                 "Name: CorelDRAW Graphics Suite 2020, Path: T:\\2020\\\n"
-                                 "Finding Corel versions.\n"
-                                 "Found Corel installations:\n"
-                                 "Name: CorelDRAW Graphics Suite X9, Path: T:\\bare\n"
-                                 "Name: My CorelDRAW Graphics Suite X8, Path: T:\\gone\\\n");
+    EXPECT_EQ(folder_.plain(log.text()),
+              "Finding Corel versions.\n"
+              "Corel not found.\n"
+              "Corel not found.\n"
+              "Found Corel installations:\n"
+              "Name: CorelDRAW Graphics Suite 2020, Path: T:\\2020\\\n"
+              "Finding Corel versions.\n"
+              "Found Corel installations:\n"
+              "Name: CorelDRAW Graphics Suite X9, Path: T:\\bare\n"
+              "Name: My CorelDRAW Graphics Suite X8, Path: T:\\gone\\\n");
 }
 
 TEST_F(hosts, illustrator_is_found_in_the_systems_list_of_programs)
@@ -144,13 +144,13 @@ TEST_F(hosts, illustrator_is_found_in_the_folders_of_programs_unless_its_name_is
                               "C:\\Program Files\\Adobe\\Adobe Illustrator 2021\n";
     const std::string last = "Name: Adobe Illustrator CS6, Path: "
                              "C:\\Program Files (x86)\\Adobe\\Adobe Illustrator CS6\n";
-    EXPECT_EQ(plain(log.text()), "Finding Adobe versions.\nFound possible Adobe installations:\n" +
-                                     first +
-                                     "Name: Adobe Illustrator 2022, Path: "
-                                     "C:\\Program Files\\Adobe\\Adobe Illustrator 2022\n"
-                                     "Name: An Adobe Illustrator .txt, Path: "
-                                     "C:\\Program Files\\Adobe\\An Adobe Illustrator .txt\n" +
-                                     last + "Accepted Adobe installations:\n" + first + last);
+    EXPECT_EQ(folder_.plain(log.text()),
+              "Finding Adobe versions.\nFound possible Adobe installations:\n" + first +
+                  "Name: Adobe Illustrator 2022, Path: "
+                  "C:\\Program Files\\Adobe\\Adobe Illustrator 2022\n"
+                  "Name: An Adobe Illustrator .txt, Path: "
+                  "C:\\Program Files\\Adobe\\An Adobe Illustrator .txt\n" +
+                  last + "Accepted Adobe installations:\n" + first + last);
 }
 
 TEST_F(hosts, one_illustrator_on_two_routes_is_found_twice)
@@ -165,20 +165,18 @@ TEST_F(hosts, one_illustrator_on_two_routes_is_found_twice)
 
 TEST_F(hosts, a_file_that_is_no_program_throws)
 {
-    const auto thrown = [](const misc::path& path) -> std::string {
+    const auto thrown = [this](const char* name) -> std::string {
         try {
-            return exe_is_32_bit(path) ? "32" : "64";
+            return exe_is_32_bit(folder_ / name) ? "32" : "64";
         } catch (const std::invalid_argument& error) {
-            return error.what();
+            return folder_.plain(error.what());
         }
     };
-    test::write_file(folder_ / "32.exe", test::tiny_program(32));
-    test::write_file(folder_ / "64.exe", test::tiny_program(64));
     test::write_file(folder_ / "text.exe", "text");
-    EXPECT_EQ(thrown(folder_ / "32.exe"), "32");
-    EXPECT_EQ(thrown(folder_ / "64.exe"), "64");
-    EXPECT_EQ(plain(thrown(folder_ / "text.exe")), "Not an executable T:\\text.exe");
-    EXPECT_EQ(plain(thrown(folder_ / "gone.exe")), "Executable not found T:\\gone.exe");
+    test::write_file(folder_ / "dos.exe", "MZ" + std::string(62, '\0'));
+    EXPECT_EQ(thrown("text.exe"), "Not an executable T:\\text.exe");
+    EXPECT_EQ(thrown("dos.exe"), "Executable not 32 or 64 bitT:\\dos.exe");
+    EXPECT_EQ(thrown("gone.exe"), "Executable not found T:\\gone.exe");
     listed("1", "Adobe Illustrator 2020", folder_ / "host");
     test::write_file(folder_ / "host\\Support Files\\Contents\\Windows\\Illustrator.exe", "text");
     EXPECT_THROW(find_adobe_hosts(true), std::invalid_argument);

@@ -52,7 +52,7 @@ protected:
                 text += all.substr(0, end + 1);
             }
         }
-        return plain(text);
+        return folder_.plain(text);
     }
 
     void corel_2020()
@@ -150,9 +150,9 @@ TEST_F(locations, host_filesets_go_to_the_host_of_that_name_and_word_size_or_now
               "  in -> ${Adobe Illustrator}\n"
               "  in -> \n");
     EXPECT_EQ(s.packages.back().filesets[0].out(), U"${Adobe Illustrator 2023 32}");
-    EXPECT_EQ(plain(misc::to_utf8(s.expand(U"${Adobe Illustrator 2023 64}\\x"))),
+    EXPECT_EQ(folder_.plain(misc::to_utf8(s.expand(U"${Adobe Illustrator 2023 64}\\x"))),
               "T:\\AI\\Plug-ins\\x");
-    const std::string text = plain(steps(log));
+    const std::string text = folder_.plain(steps(log));
     const std::string one = "No of Var names: 1\nVersion: ";
     EXPECT_EQ(text.substr(text.find("Adding package files.\n" + one)),
               "Adding package files.\n" + one +
@@ -217,7 +217,7 @@ TEST_F(locations, the_log_up_to_the_packages_is_this)
     spec s = product_spec();
     const test::log_capture log;
     configure_install_locations(s);
-    const std::string text = plain(steps(log));
+    const std::string text = folder_.plain(steps(log));
     const std::string answer = os64_ ? "1" : "0";
     const std::string found = "Name: CorelDRAW Graphics Suite 2020, Path: T:\\Corel\\\n";
     const std::string corel = "Finding Corel versions.\nFound Corel installations:\n";

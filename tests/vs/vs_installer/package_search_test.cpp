@@ -11,18 +11,16 @@
 namespace nrd::vs_installer {
 namespace {
 
-using misc::to_utf8;
-
 class package_search : public testing::Test {
 protected:
     void file(std::string_view name) { test::write_file(root_ / name, ""); }
 
-    /// What is found, relative to the root, each with a blank behind.
+    /// What is found, each with a blank behind.
     std::string found()
     {
         std::string text;
         for (const misc::path& each : find_install_xmls(root_.path())) {
-            text += to_utf8(each).substr(to_utf8(root_.path()).size() + 1) + " ";
+            text += root_.plain(misc::to_utf8(each)) + " ";
         }
         return text;
     }
@@ -38,15 +36,12 @@ TEST_F(package_search, takes_the_first_folder_of_each_numbered_one_up_to_the_fir
         file(name);
     }
     const test::log_capture log;
-    EXPECT_EQ(found(), "0\\c\\install.xml 1\\x\\install.xml ");
-    const std::string root = to_utf8(root_.path()) + "\\";
-    const auto searching = [&](const std::string& folder) {
-        return "Searching " + root + folder + " for install.xml\n";
-    };
-    EXPECT_EQ(log.text(), searching("0") + "Searching children.\ninstall.xml found at: " + root +
-                              "0\\c\\install.xml\n" + searching("1") +
-                              "Searching children.\ninstall.xml found at: " + root +
-                              "1\\x\\install.xml\n" + searching("2") + "install.xml not found\n");
+    EXPECT_EQ(found(), "T:\\0\\c\\install.xml T:\\1\\x\\install.xml ");
+    EXPECT_EQ(root_.plain(log.text()), "Searching T:\\0 for install.xml\nSearching children.\n"
+                                       "install.xml found at: T:\\0\\c\\install.xml\n"
+                                       "Searching T:\\1 for install.xml\nSearching children.\n"
+                                       "install.xml found at: T:\\1\\x\\install.xml\n"
+                                       "Searching T:\\2 for install.xml\ninstall.xml not found\n");
 }
 
 TEST_F(package_search, a_numbered_folder_without_a_hit_ends_it)
@@ -56,7 +51,7 @@ TEST_F(package_search, a_numbered_folder_without_a_hit_ends_it)
     file("1\\x\\deeper\\install.xml");
     file("2\\x\\install.xml");
     const test::log_capture log;
-    EXPECT_EQ(found(), "0\\x\\install.xml ");
+    EXPECT_EQ(found(), "T:\\0\\x\\install.xml ");
     EXPECT_TRUE(log.text().ends_with("Searching children.\ninstall.xml not found\n"));
 }
 

@@ -7,6 +7,7 @@
 #include "support/folder_text.h"
 
 #include <algorithm>
+#include <boost/algorithm/string/replace.hpp>
 #include <regex>
 
 namespace nrd::installer::core {
@@ -14,13 +15,6 @@ namespace nrd::installer::core {
 using misc::to_utf8;
 
 namespace {
-
-void replace_all(std::string& text, const std::string& from, const std::string& to)
-{
-    for (std::size_t at = 0; (at = text.find(from, at)) != text.npos; at += to.size()) {
-        text.replace(at, from.size(), to);
-    }
-}
 
 void append_exactly(std::string& text, const misc::path& folder)
 {
@@ -109,10 +103,9 @@ std::string engine::plain(std::string text) const
     text = std::regex_replace(text, std::regex("App_[0-9a-f]{32}\\b"), "App_(32 digits)");
     text =
         std::regex_replace(text, std::regex("(uninstall\\.[a-z]+): [0-9]+ bytes"), "$1: written");
-    replace_all(text, to_utf8(folder_.path()), "T:");
-    replace_all(text, to_utf8(key_.path()), "(key)");
-    replace_all(text, misc::error_message({}), "(success)");
-    return text;
+    boost::replace_all(text, to_utf8(key_.path()), "(key)");
+    boost::replace_all(text, misc::error_message({}), "(success)");
+    return folder_.plain(text);
 }
 
 std::string engine::programs() const

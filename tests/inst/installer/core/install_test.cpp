@@ -38,6 +38,12 @@ UninstallString = "T:\Programs\App\uninstaller.dir\uninstall.bat"
 
 class install : public engine {
 protected:
+    static path_index index_of_machine()
+    {
+        std::ifstream index = misc::open_for_reading(path_index_file());
+        return read_path_index(index);
+    }
+
     /// All that a finished run of the product leaves.
     void expect_installed()
     {
@@ -46,8 +52,7 @@ protected:
         EXPECT_EQ(plain(test::registry_text(key_.path())),
                   "[Settings]\nFolder = T:\\Programs\\App\\\n");
         EXPECT_FALSE(misc::missing(folder_ / "menu\\App.lnk"));
-        std::ifstream index = misc::open_for_reading(path_index_file());
-        EXPECT_EQ(plain(read_path_index(index).at("code").path), "T:\\Programs\\App\\lib");
+        EXPECT_EQ(plain(index_of_machine().at("code").path), "T:\\Programs\\App\\lib");
     }
 };
 
@@ -113,10 +118,7 @@ TEST_F(install, keeps_the_last_of_two_path_entries_for_one_host)
                                  "<path_entry app_code='a' path='http://x'/>"
                                  "<path_entry app_code='${CODE}' path='${APP_INSTALL_PATH}/2'/>");
     EXPECT_TRUE(run());
-    const path_index index = [] {
-        std::ifstream in = misc::open_for_reading(path_index_file());
-        return read_path_index(in);
-    }();
+    const path_index index = index_of_machine();
     ASSERT_EQ(index.size(), 2U);
     EXPECT_EQ(index.at("a").path, "http:\\x");
     EXPECT_EQ(plain(index.at("b\\${X}").path), "T:\\Programs\\App\\2");
@@ -127,7 +129,7 @@ TEST_F(install, gives_true_also_where_the_back_up_cannot_be_removed)
     add_product();
     add_old_installation();
     std::unique_ptr<test::locked_path> lock;
-    const test::at_log_line removal("Removing backup path: ", [&](std::string_view) {
+    const test::at_log_line removal("Removing backup path: ", [&] {
         lock = std::make_unique<test::locked_path>(backup() / "a.txt");
     });
     EXPECT_TRUE(run());
@@ -151,82 +153,71 @@ TEST_F(install, logs_exactly_these_lines)
     add_old_installation();
     const test::log_capture log;
     EXPECT_TRUE(core::install(s, observer_));
-    const std::string menu = to_utf8(misc::get_common_programs_folder());
+    const auto called = [](const std::string& call) {
+        return call + "\n" + call + " returned ec == (success)\n";
+    };
+    const std::string menu = to_utf8(misc::get_common_programs_folder()) + "\n";
     const std::string app = "Finding var: APP_INSTALL_PATH\nFound APP_INSTALL_PATH\n";
     const std::string x = "Finding var: X\nCan't find X\n";
-    EXPECT_EQ(
-        plain(log.text()),
-        "Start of install.\n"
-        "Configuring paths.\n"
-        "Ensuring var: START_MENU" +
-            menu +
-            "\n"
-            "Finding var: START_MENU\nCan't find START_MENU\n"
-            "Finding var: START_MENU\nCan't find START_MENU\n"
-            "Adding var: START_MENU" +
-            menu +
-            "\n"
-            "Setting up install directory.\n"
-            "Final install path: T:\\Programs\\App\\\n"
-            "Checking for install.\n"
-            "Windows: VS5 engine test\n"
-            "Reg key found: already installed.\n"
-            "installation already exists\n"
-            "backup path: T:\\Programs\\App_(32 digits)\n"
-            "rename(T:\\Programs\\App\\,T:\\Programs\\App_(32 digits))\n"
-            "rename(T:\\Programs\\App\\,T:\\Programs\\App_(32 digits)) returned ec == (success)\n"
-            "Installing path: T:\\Programs\\App\\\n"
-            "Setting var: APP_INSTALL_PATHT:\\Programs\\AppT:\\Programs\\App\\\n"
-            "Setup install directory.\n"
-            "Install paths start.\n"
-            "Adding uninstall keys.\n"
-            "Finding var: APP_ICON\nCan't find APP_ICON\n"
-            "Creating uninstall spec.\n"
-            "Setting var: APP_INSTALL_PATHT:\\Programs\\App\\T:\\Programs\\App\\\n" +
-            app + "Regular file.\n" + app +
-            "Install packs start.\n"
-            "Install pack start.\n"
-            "Install file start.\n" +
-            app +
-            "Install file in: a.txt\n"
-            "Install file out: T:\\Programs\\App\\\n"
-            "Copy recursive: a.txt , T:\\Programs\\App\\ begin:\n"
-            "File in: a.txt\n"
-            "File out: T:\\Programs\\App\\\n"
-            "create_directories(T:\\Programs\\App)\n"
-            "create_directories(T:\\Programs\\App) returned ec == (success)\n"
-            "Installing file.\n"
-            "copy_file(a.txt,T:\\Programs\\App\\a.txt)\n"
-            "copy_file(a.txt,T:\\Programs\\App\\a.txt) returned ec == (success)\n"
-            "Copy recursive: a.txt , T:\\Programs\\App\\ complete.\n" +
-            app +
-            "Install file in: tree\n"
-            "Install file out: T:\\Programs\\App\\tree\n"
-            "Copy recursive: tree , T:\\Programs\\App\\tree begin:\n"
-            "File in: tree\n"
-            "File out: T:\\Programs\\App\\tree\n"
-            "Is a directory\n"
-            "create_directories(T:\\Programs\\App\\tree)\n"
-            "create_directories(T:\\Programs\\App\\tree) returned ec == (success)\n"
-            "File in: tree\\b.txt\n"
-            "File out: T:\\Programs\\App\\tree\\b.txt\n"
-            "create_directories(T:\\Programs\\App\\tree)\n"
-            "create_directories(T:\\Programs\\App\\tree) returned ec == (success)\n"
-            "Installing file.\n"
-            "copy_file(tree\\b.txt,T:\\Programs\\App\\tree\\b.txt)\n"
-            "copy_file(tree\\b.txt,T:\\Programs\\App\\tree\\b.txt) returned ec == (success)\n"
-            "Copy recursive: tree , T:\\Programs\\App\\tree complete.\n"
-            "Creating uninstall bat file.\n" +
-            app +
-            // The file itself goes into the folder of the uninstaller.
-            "Exporting uninstall spec: T:\\Programs\\App\\uninstall.xml\n"
-            "Installing reg keys.\n" +
-            x + x + // one for the spec's own value, one for that of the version
-            "Setting var: APP_INSTALL_PATHT:\\Programs\\App\\T:\\Programs\\App\\\n" + app +
-            "Removing backup path: T:\\Programs\\App_(32 digits)\n"
-            "remove_all(T:\\Programs\\App_(32 digits))\n"
-            "remove_all(T:\\Programs\\App_(32 digits)) returned ec == (success)\n"
-            "Finished install.\n");
+    EXPECT_EQ(plain(log.text()),
+              "Start of install.\n"
+              "Configuring paths.\n"
+              "Ensuring var: START_MENU" +
+                  menu +
+                  "Finding var: START_MENU\nCan't find START_MENU\n"
+                  "Finding var: START_MENU\nCan't find START_MENU\n"
+                  "Adding var: START_MENU" +
+                  menu +
+                  "Setting up install directory.\n"
+                  "Final install path: T:\\Programs\\App\\\n"
+                  "Checking for install.\n"
+                  "Windows: VS5 engine test\n"
+                  "Reg key found: already installed.\n"
+                  "installation already exists\n"
+                  "backup path: T:\\Programs\\App_(32 digits)\n" +
+                  called("rename(T:\\Programs\\App\\,T:\\Programs\\App_(32 digits))") +
+                  "Installing path: T:\\Programs\\App\\\n"
+                  "Setting var: APP_INSTALL_PATHT:\\Programs\\AppT:\\Programs\\App\\\n"
+                  "Setup install directory.\n"
+                  "Install paths start.\n"
+                  "Adding uninstall keys.\n"
+                  "Finding var: APP_ICON\nCan't find APP_ICON\n"
+                  "Creating uninstall spec.\n"
+                  "Setting var: APP_INSTALL_PATHT:\\Programs\\App\\T:\\Programs\\App\\\n" +
+                  app + "Regular file.\n" + app +
+                  "Install packs start.\n"
+                  "Install pack start.\n"
+                  "Install file start.\n" +
+                  app +
+                  "Install file in: a.txt\n"
+                  "Install file out: T:\\Programs\\App\\\n"
+                  "Copy recursive: a.txt , T:\\Programs\\App\\ begin:\n"
+                  "File in: a.txt\n"
+                  "File out: T:\\Programs\\App\\\n" +
+                  called("create_directories(T:\\Programs\\App)") + "Installing file.\n" +
+                  called("copy_file(a.txt,T:\\Programs\\App\\a.txt)") +
+                  "Copy recursive: a.txt , T:\\Programs\\App\\ complete.\n" + app +
+                  "Install file in: tree\n"
+                  "Install file out: T:\\Programs\\App\\tree\n"
+                  "Copy recursive: tree , T:\\Programs\\App\\tree begin:\n"
+                  "File in: tree\n"
+                  "File out: T:\\Programs\\App\\tree\n"
+                  "Is a directory\n" +
+                  called("create_directories(T:\\Programs\\App\\tree)") +
+                  "File in: tree\\b.txt\n"
+                  "File out: T:\\Programs\\App\\tree\\b.txt\n" +
+                  called("create_directories(T:\\Programs\\App\\tree)") + "Installing file.\n" +
+                  called("copy_file(tree\\b.txt,T:\\Programs\\App\\tree\\b.txt)") +
+                  "Copy recursive: tree , T:\\Programs\\App\\tree complete.\n"
+                  "Creating uninstall bat file.\n" +
+                  app +
+                  // The file itself goes into the folder of the uninstaller.
+                  "Exporting uninstall spec: T:\\Programs\\App\\uninstall.xml\n"
+                  "Installing reg keys.\n" +
+                  x + x + // one for the spec's own value, one for that of the version
+                  "Setting var: APP_INSTALL_PATHT:\\Programs\\App\\T:\\Programs\\App\\\n" + app +
+                  "Removing backup path: T:\\Programs\\App_(32 digits)\n" +
+                  called("remove_all(T:\\Programs\\App_(32 digits))") + "Finished install.\n");
 }
 
 } // namespace

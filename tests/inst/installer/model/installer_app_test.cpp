@@ -4,19 +4,12 @@
 #include "support/log_capture.h"
 #include "support/product_package.h"
 
-#include <algorithm>
 #include <stdexcept>
 
 namespace nrd::installer::model {
 namespace {
 
 using installer_app_test = test::product_package;
-
-std::size_t lines(const test::log_capture& log, std::string_view wanted)
-{
-    return static_cast<std::size_t>(
-        std::count(log.lines().begin(), log.lines().end(), std::string(wanted)));
-}
 
 TEST_F(installer_app_test, installs_every_spec_also_behind_one_that_fails)
 {
@@ -28,7 +21,7 @@ TEST_F(installer_app_test, installs_every_spec_also_behind_one_that_fails)
     const std::string all = installed();
     EXPECT_NE(all.find("a\\a.txt: a\n"), all.npos) << all;
     EXPECT_NE(all.find("c\\c.txt: c\n"), all.npos) << all;
-    EXPECT_EQ(lines(log, "Installer App set password and install."), 3U);
+    EXPECT_EQ(log.count("Installer App set password and install."), 3);
     EXPECT_EQ(log.lines().front(), "Installer App install start.");
     EXPECT_EQ(log.lines().back(), "Installer App install complete.");
     EXPECT_TRUE(app.is_installed());

@@ -26,7 +26,6 @@
 #include <SDL.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
@@ -75,6 +74,8 @@ template <class Widget, class Model> void register_page(const char* name, Model 
     nui::registerWidgetClass(name, std::make_unique<factory<Widget, Model>>(which));
 }
 
+using answer = void (shared::ui::dialog::*)();
+
 /// The product's own layout, worked in process.
 class wizard_pages : public test::product_package {
 protected:
@@ -108,6 +109,16 @@ protected:
     {
         static bool answer = false;
         return answer;
+    }
+
+    /// As the system would list it from an earlier run.
+    void load_over_an_older_installation()
+    {
+        const installation::spec again = product("a");
+        const misc::text32 key = misc::uninstall_key(again.app_name());
+        misc::create_key(key);
+        misc::set_string_value(key, U"InstallLocation", U"\"C:\\Old place\\\"");
+        load({again});
     }
 
     void use_models_of(const installation::specs& specs)
@@ -149,6 +160,20 @@ protected:
         nui::engine().keyboard.focusScreen = window_;
         nui::engine().screens.makeCurrent(window_);
         models_->app.run_periodic();
+    }
+
+    /// The same, where a dialog comes first: it is answered a little later.
+    void open_and_answer(const std::string& name, answer given)
+    {
+        shared::ui::dialog& asked = dialog(name);
+        nui::engine().setClock([] { return std::uint64_t(SDL_GetTicks64()); });
+        std::function<void()> act = [&] { (asked.*given)(); };
+        const auto on_timer = [](nui::WidgetEvent& event) {
+            (*static_cast<std::function<void()>*>(event.user))();
+        };
+        nui::subscribe(asked, nui::TimerDue, on_timer, &act);
+        nui::engine().addTimer(30, asked.shared_from_this(), false);
+        open_window();
     }
 
     [[nodiscard]] shared::ui::dialog& dialog(const std::string& name)
@@ -195,12 +220,6 @@ protected:
         toolkit_.frame();
     }
 
-    /// How often the line was logged.
-    [[nodiscard]] std::ptrdiff_t logged(const std::string& line) const
-    {
-        return std::count(log_.lines().begin(), log_.lines().end(), line);
-    }
-
     std::unique_ptr<models> models_; // outlive the pages
     nui::test::RunningToolkit toolkit_;
     std::unique_ptr<nui::LayoutLoader> loader_;
@@ -220,14 +239,14 @@ TEST_F(wizard_pages, install_once_whatever_bubbles_up_to_them)
     nui::WidgetEvent click_inside;
     nui::bubble(installing, click_inside);
     run_to_the_end();
-    EXPECT_EQ(logged("Installing tab start install."), 1);
+    EXPECT_EQ(log_.count("Installing tab start install."), 1);
     EXPECT_NE(installed().find("a\\a.txt: a\n"), std::string::npos);
     const std::string body = text("install_body_text");
     EXPECT_TRUE(body.ends_with("Product a")) << body;
     EXPECT_EQ(window_->focusedWidget->name, "finish_button");
     click("finish_button");
     EXPECT_TRUE(nui::engine().hasQuit());
-    EXPECT_EQ(logged("End Tab showing."), 1);
+    EXPECT_EQ(log_.count("End Tab showing."), 1);
 }
 
 TEST_F(wizard_pages, do_not_hear_of_a_release_that_comes_when_they_are_gone)
@@ -239,7 +258,7 @@ TEST_F(wizard_pages, do_not_hear_of_a_release_that_comes_when_they_are_gone)
     run_to_the_end();
     toolkit_.release();
     EXPECT_EQ(page(), "end_main");
-    EXPECT_EQ(logged("Welcome tab install clicked."), 1);
+    EXPECT_EQ(log_.count("Welcome tab install clicked."), 1);
 }
 
 TEST_F(wizard_pages, show_the_end_of_a_path_that_is_too_long_for_its_field)
@@ -266,7 +285,7 @@ TEST_F(wizard_pages, tell_of_a_failed_install)
     run_to_the_end();
     EXPECT_EQ(text("install_success_message"), nui::engine().lang->getText("installation_failed"));
     EXPECT_EQ(text("install_body_text"), before);
-    EXPECT_EQ(logged("End Tab install message fail."), 1);
+    EXPECT_EQ(log_.count("End Tab install message fail."), 1);
     EXPECT_EQ(installed(), "a\\\n") << "the folder stays, as it was the first install";
 }
 
@@ -290,28 +309,28 @@ TEST_F(wizard_pages, act_when_any_button_is_released_or_a_key_says_so)
     EXPECT_EQ(window_->focusedWidget->name, "install_button");
     const std::string line = "Welcome tab install clicked.";
     click("install_button");
-    EXPECT_EQ(logged(line), 1) << "a click is one release";
+    EXPECT_EQ(log_.count(line), 1) << "a click is one release";
     point_at("install_button");
     toolkit_.press(3);
     toolkit_.release(3);
-    EXPECT_EQ(logged(line), 2);
+    EXPECT_EQ(log_.count(line), 2);
     point_at("title_label");
     toolkit_.press();
     point_at("install_button");
     toolkit_.release();
-    EXPECT_EQ(logged(line), 3);
+    EXPECT_EQ(log_.count(line), 3);
     nui::engine().setFocus(find_widget<nui::Widget>(*window_, "install_button").shared_from_this());
     toolkit_.key(SDLK_SPACE);
-    EXPECT_EQ(logged(line), 4);
+    EXPECT_EQ(log_.count(line), 4);
     // Return in the field is for the page's main button.
     nui::engine().setFocus(
         find_widget<nui::Widget>(*window_, "install_path_textfield").shared_from_this());
     toolkit_.key(SDLK_RETURN);
-    EXPECT_EQ(logged(line), 5);
+    EXPECT_EQ(log_.count(line), 5);
     EXPECT_EQ(page(), "welcome_main") << "the top of a drive is refused";
-    EXPECT_EQ(logged("Valid filepath selected."), 0);
+    EXPECT_EQ(log_.count("Valid filepath selected."), 0);
     click("cancel_button");
-    EXPECT_EQ(logged("Welcome Tab close."), 1);
+    EXPECT_EQ(log_.count("Welcome Tab close."), 1);
     EXPECT_TRUE(nui::engine().hasQuit());
 }
 
@@ -343,62 +362,26 @@ TEST_F(wizard_pages, name_the_programs_that_must_be_closed)
     run_to_the_end();
 }
 
-/// Answers a dialog a little after it was opened.
-class answering {
-public:
-    answering(shared::ui::dialog& asked, std::function<void()> answer) : answer_(std::move(answer))
-    {
-        nui::engine().setClock([] { return std::uint64_t(SDL_GetTicks64()); });
-        nui::subscribe(asked, nui::TimerDue, on_timer, this);
-        nui::engine().addTimer(30, asked.shared_from_this(), false);
-    }
-    answering(const answering&) = delete;
-    answering& operator=(const answering&) = delete;
-    ~answering() = default;
-
-private:
-    static void on_timer(nui::WidgetEvent& event)
-    {
-        static_cast<answering*>(event.user)->answer_();
-    }
-
-    std::function<void()> answer_;
-};
-
 TEST_F(wizard_pages, ask_before_an_older_installation_is_replaced)
 {
-    const installation::spec installed_already = product("a");
-    const misc::text32 key = misc::uninstall_key(installed_already.app_name());
-    misc::create_key(key);
-    misc::set_string_value(key, U"InstallLocation", U"\"C:\\Old place\\\"");
-    load({installed_already});
-    {
-        shared::ui::dialog& asked = dialog("already_installed");
-        const std::string before = warning("already_installed");
-        const answering ok(asked, [&] { asked.on_ok_pressed(); });
-        open_window();
-        EXPECT_EQ(warning("already_installed"), "Product a" + before + "\n\"C:\\Old place\\\"");
-    }
-    EXPECT_EQ(logged("Already installed OK pressed."), 1);
-    EXPECT_EQ(logged("Installer App changing permissions."), 1);
+    load_over_an_older_installation();
+    const std::string before = warning("already_installed");
+    open_and_answer("already_installed", &shared::ui::dialog::on_ok_pressed);
+    EXPECT_EQ(warning("already_installed"), "Product a" + before + "\n\"C:\\Old place\\\"");
+    EXPECT_EQ(log_.count("Already installed OK pressed."), 1);
+    EXPECT_EQ(log_.count("Installer App changing permissions."), 1);
     EXPECT_FALSE(nui::engine().hasQuit());
     EXPECT_TRUE(window_->isOpen());
 }
 
 TEST_F(wizard_pages, take_no_for_an_answer)
 {
-    const installation::spec installed_already = product("a");
-    misc::create_key(misc::uninstall_key(installed_already.app_name()));
     obsolete() = true;
-    load({installed_already});
-    {
-        shared::ui::dialog& asked = dialog("already_installed");
-        const answering cancel(asked, [&] { asked.on_cancel(); });
-        open_window();
-    }
+    load_over_an_older_installation();
+    open_and_answer("already_installed", &shared::ui::dialog::on_cancel);
     EXPECT_TRUE(nui::engine().hasQuit());
-    EXPECT_EQ(logged("Already installed cancel pressed."), 1);
-    EXPECT_EQ(logged("Obsolete cutter."), 0) << "nothing more is asked";
+    EXPECT_EQ(log_.count("Already installed cancel pressed."), 1);
+    EXPECT_EQ(log_.count("Obsolete cutter."), 0) << "nothing more is asked";
     EXPECT_TRUE(window_->isOpen()) << "the window opens nevertheless";
 }
 
@@ -406,11 +389,7 @@ TEST_F(wizard_pages, warn_of_cutters_that_are_served_no_more)
 {
     obsolete() = true;
     load({product("a")});
-    {
-        shared::ui::dialog& asked = dialog("obsolete_cutter");
-        const answering cancel(asked, [&] { asked.on_cancel(); });
-        open_window();
-    }
+    open_and_answer("obsolete_cutter", &shared::ui::dialog::on_cancel);
     EXPECT_TRUE(nui::engine().hasQuit());
     // The page is complete all the same.
     EXPECT_NE(window_->focusedWidget, nullptr);
@@ -438,10 +417,12 @@ TEST_F(wizard_pages, share_their_models_with_their_copies)
     for (const char* const name : {"welcome_main", "installing_main", "end_main"}) {
         EXPECT_NE(widgets_.at(name)->clone(), nullptr);
     }
-    EXPECT_EQ(logged("Welcome tab cloning widget.") + logged("Welcome tab widget cloned."), 2);
-    EXPECT_EQ(logged("Cloning Installing Tab widget.") + logged("Installing Tab widget cloned."),
+    EXPECT_EQ(log_.count("Welcome tab cloning widget.") + log_.count("Welcome tab widget cloned."),
               2);
-    EXPECT_EQ(logged("End Tab widgets cloning.") + logged("End Tab widgets cloned."), 2);
+    EXPECT_EQ(log_.count("Cloning Installing Tab widget.") +
+                  log_.count("Installing Tab widget cloned."),
+              2);
+    EXPECT_EQ(log_.count("End Tab widgets cloning.") + log_.count("End Tab widgets cloned."), 2);
     const auto copy =
         std::dynamic_pointer_cast<installing_tab>(widgets_.at("installing_main")->clone());
     EXPECT_EQ(&copy->get_model(), &models_->installing);

@@ -27,10 +27,10 @@ TEST_F(engine, a_denied_target_ends_the_run_without_a_question_and_the_old_folde
     const std::string before = programs_exactly();
     for (const auto& [denied, line] : cases) {
         std::unique_ptr<test::machine_list_entry> entry;
-        const test::at_log_line begin("Install packs start.", [&, name = denied](std::string_view) {
+        const test::at_log_line begin("Install packs start.", [&, name = denied] {
             entry = std::make_unique<test::machine_list_entry>("denied", to_utf8(app_ / name));
         });
-        const test::at_log_line end("Installer_error.", [&](std::string_view) { entry.reset(); });
+        const test::at_log_line end("Installer_error.", [&] { entry.reset(); });
         const test::log_capture log;
         EXPECT_FALSE(run()) << denied;
         EXPECT_TRUE(log.contains(line)) << denied;
