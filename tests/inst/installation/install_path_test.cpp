@@ -9,7 +9,7 @@ namespace {
 
 TEST(install_path, tops_of_drives_and_the_systems_own_folders_are_refused)
 {
-    for (const char* const refused : {"", "C:\\", "C:", "D:/", "\\", "\\\\server\\"}) {
+    for (const char* const refused : {"", "C:\\", "C:", "D:/", "\\", "/", "\\\\server\\"}) {
         EXPECT_FALSE(is_valid_install_path(refused)) << refused;
     }
     for (const char* const taken : {"C:\\App", "C:App", "\\App", "App", "\\\\server\\share"}) {
