@@ -16,11 +16,6 @@ using test::read_file;
 using test::temp_folder;
 using test::write_file;
 
-path from_text(std::string_view text)
-{
-    return to_path(text);
-}
-
 /// The operation's result, of those that give it in their last argument.
 template <class Operation, class... Arguments>
 error_code result_of(Operation operation, const Arguments&... arguments)
@@ -161,22 +156,22 @@ TEST(file_system, a_relative_path_counts_from_the_current_directory)
     {
         const scoped_current_path inside(folder / "here");
         EXPECT_EQ(to_utf8(current_path()), here);
-        EXPECT_EQ(to_utf8(absolute(from_text("file"))), here + "\\file");
-        EXPECT_EQ(to_utf8(absolute(from_text("C:file"))), here + "\\file");
-        EXPECT_EQ(to_utf8(absolute(from_text("D:file"))), "D:\\file");
-        EXPECT_EQ(to_utf8(absolute(from_text("\\file"))), "C:\\file");
+        EXPECT_EQ(to_utf8(absolute(to_path("file"))), here + "\\file");
+        EXPECT_EQ(to_utf8(absolute(to_path("C:file"))), here + "\\file");
+        EXPECT_EQ(to_utf8(absolute(to_path("D:file"))), "D:\\file");
+        EXPECT_EQ(to_utf8(absolute(to_path("\\file"))), "C:\\file");
         for (const char* const text : {"file", "C:file", ".\\FILE", "..\\here\\file"}) {
-            EXPECT_FALSE(missing(from_text(text))) << text;
+            EXPECT_FALSE(missing(to_path(text))) << text;
         }
-        EXPECT_TRUE(missing(from_text("C:\\file")));
-        EXPECT_EQ(to_utf8(canonical(from_text("./..\\here/file"))), here + "\\file");
-        const std::u16string key = path_key(from_text("file"));
+        EXPECT_TRUE(missing(to_path("C:\\file")));
+        EXPECT_EQ(to_utf8(canonical(to_path("./..\\here/file"))), here + "\\file");
+        const std::u16string key = path_key(to_path("file"));
         for (const char* const text : {"FILE\\", "C:file", ".\\file\\.", "..//here\\x\\..\\fIle"}) {
-            EXPECT_EQ(path_key(from_text(text)), key) << text;
+            EXPECT_EQ(path_key(to_path(text)), key) << text;
         }
         EXPECT_TRUE(lies_in(key, path_key(folder.path())));
         const scoped_current_path unchanged{path()};
-        EXPECT_THROW(scoped_current_path(from_text("missing")), filesystem_error);
+        EXPECT_THROW(scoped_current_path(to_path("missing")), filesystem_error);
         EXPECT_EQ(to_utf8(current_path()), here);
     }
     EXPECT_EQ(to_utf8(current_path()), before);
@@ -185,8 +180,8 @@ TEST(file_system, a_relative_path_counts_from_the_current_directory)
 TEST(file_system, a_path_lies_in_another_by_whole_names)
 {
     const auto lies = [](const char* inner, const char* outer) {
-        const std::u16string key = path_key(from_text(inner));
-        const std::u16string folder = path_key(from_text(outer));
+        const std::u16string key = path_key(to_path(inner));
+        const std::u16string folder = path_key(to_path(outer));
         EXPECT_EQ(is_or_lies_in(key, folder), key == folder || lies_in(key, folder));
         return lies_in(key, folder);
     };

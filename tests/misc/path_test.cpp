@@ -6,11 +6,6 @@ namespace nrd::misc {
 
 namespace {
 
-path from_text(std::string_view text)
-{
-    return to_path(text);
-}
-
 /// The text with the separators that were written.
 std::string written(const path& p)
 {
@@ -28,38 +23,27 @@ struct parts_case {
 constexpr parts_case parts_cases[] = {
     {R"(.)", R"(||.||.|.|)"},
     {R"(..)", R"(||..||..|..|)"},
-    {R"(a)", R"(||a||a|a|)"},
     {R"(.a)", R"(||.a||.a||.a)"},
     {R"(a.)", R"(||a.||a.|a|.)"},
     {R"(C:)", R"(C:||||C:|C:|)"},
     {R"(C:x)", R"(C:||x|C:|x|x|)"},
-    {R"(C:\)", R"(C:|\||C:|\|\|)"},
     {R"(C:/)", R"(C:|/||C:|/|/|)"},
-    {R"(C:\a)", R"(C:|\|a|C:\|a|a|)"},
-    {R"(C:\a\)", R"(C:|\|a\|C:\a|.|.|)"},
     {R"(C:\a\b.txt)", R"(C:|\|a\b.txt|C:\a|b.txt|b|.txt)"},
-    {R"(C:a\b)", R"(C:||a\b|C:a|b|b|)"},
     {R"(C:\a\\b\)", R"(C:|\|a\\b\|C:\a\\b|.|.|)"},
     {R"(C:/a/b\c)", R"(C:|/|a/b\c|C:/a/b|c|c|)"},
     {R"(C:\\a)", R"(C:|\|a|C:\|a|a|)"},
-    {R"(C:\..)", R"(C:|\|..|C:\|..|..|)"},
     {R"(C:\a\..\b)", R"(C:|\|a\..\b|C:\a\..|b|b|)"},
     {R"(\\server)", R"(\\server||||\\server|\\server|)"},
     {R"(\\server\)", R"(\\server|\||\\server|\|\|)"},
-    {R"(\\server\share)", R"(\\server|\|share|\\server\|share|share|)"},
     {R"(\\server\share\x)", R"(\\server|\|share\x|\\server\share|x|x|)"},
     {R"(//server/share/x/)", R"(//server|/|share/x/|//server/share/x|.|.|)"},
     {R"(//)", R"(//||||//|//|)"},
     {R"(\\\a)", R"(|\|a|\|a|a|)"},
     {R"(////a//)", R"(|/|a//|////a|.|.|)"},
     {R"(\)", R"(|\|||\|\|)"},
-    {R"(\a)", R"(|\|a|\|a|a|)"},
-    {R"(a//b)", R"(||a//b|a|b|b|)"},
     {R"(a\\b\\)", R"(||a\\b\\|a\\b|.|.|)"},
     {R"(a/)", R"(||a/|a|.|.|)"},
     {R"(a\.)", R"(||a\.|a|.|.|)"},
-    {R"(a\..)", R"(||a\..|a|..|..|)"},
-    {R"(../a)", R"(||../a|..|a|a|)"},
     {R"(./)", R"(||./|.|.|.|)"},
     {R"(COM1:\x)", R"(COM1:||x|COM1:|x|x|)"},
     {R"(a\b:c)", R"(||a\b:c|a|b:c|b:c|)"},
@@ -72,7 +56,7 @@ constexpr parts_case parts_cases[] = {
 TEST(path, is_taken_apart_by_the_rules_of_windows)
 {
     for (const parts_case& each : parts_cases) {
-        const path p = from_text(each.text);
+        const path p = to_path(each.text);
         std::string parts = written(p.root_name());
         for (const path& part : {p.root_directory(), p.relative_path(), p.parent_path(),
                                  p.filename(), p.stem(), p.extension()}) {
@@ -86,10 +70,10 @@ TEST(path, is_taken_apart_by_the_rules_of_windows)
 TEST(path, is_absolute_with_both_a_root_name_and_a_root_directory)
 {
     for (const char* const text : {"C:\\", "C:/a", "\\\\server\\share", "//server/"}) {
-        EXPECT_TRUE(from_text(text).is_absolute()) << text;
+        EXPECT_TRUE(to_path(text).is_absolute()) << text;
     }
     for (const char* const text : {"", "a", "C:", "C:a", "\\a", "\\\\server", "COM1:\\x"}) {
-        EXPECT_TRUE(from_text(text).is_relative()) << text;
+        EXPECT_TRUE(to_path(text).is_relative()) << text;
     }
 }
 
@@ -107,9 +91,9 @@ TEST(path, is_joined_with_one_separator)
         {R"(C:\a)", R"(\)", R"(C:\a\)"},
     };
     for (const auto& each : cases) {
-        EXPECT_EQ(written(from_text(each.left) / from_text(each.right)), each.joined);
+        EXPECT_EQ(written(to_path(each.left) / to_path(each.right)), each.joined);
     }
-    path appended = from_text("a\\b");
+    path appended = to_path("a\\b");
     EXPECT_EQ(to_utf8(appended += ".lnk"), "a\\b.lnk");
 }
 
@@ -127,8 +111,8 @@ TEST(path, is_compared_by_components_and_by_case)
         {R"(/)", R"(.)", 1},         {R"(//)", R"(\\)", -1},
     };
     for (const auto& each : cases) {
-        const path left = from_text(each.left);
-        const path right = from_text(each.right);
+        const path left = to_path(each.left);
+        const path right = to_path(each.right);
         const int order = left.compare(right);
         EXPECT_EQ((order > 0) - (order < 0), each.order) << each.left << " " << each.right;
         EXPECT_EQ(left == right, each.order == 0) << each.left << " " << each.right;
@@ -138,11 +122,11 @@ TEST(path, is_compared_by_components_and_by_case)
 
 TEST(path, keeps_its_text_until_separators_are_made_preferred)
 {
-    EXPECT_EQ(written(from_text("//server/a\\b//c/").make_preferred()), "\\\\server\\a\\b\\\\c\\");
+    EXPECT_EQ(written(to_path("//server/a\\b//c/").make_preferred()), "\\\\server\\a\\b\\\\c\\");
     const text32 odd = U"C:\\\u0416\\\x1F600\\\xD800.txt";
     EXPECT_EQ(to_text32(to_path(std::u32string_view(odd))), odd);
-    EXPECT_EQ(to_utf8(from_text("C:\\Pr\u00F6be\\\u4E2D.txt").filename()), "\u4E2D.txt");
-    EXPECT_EQ(describe_call("rename", {from_text("C:\\a/b"), from_text("")}), "rename(C:\\a\\b,)");
+    EXPECT_EQ(to_utf8(to_path("C:\\Pr\u00F6be\\\u4E2D.txt").filename()), "\u4E2D.txt");
+    EXPECT_EQ(describe_call("rename", {to_path("C:\\a/b"), to_path("")}), "rename(C:\\a\\b,)");
 }
 
 } // namespace

@@ -25,22 +25,17 @@ using test::folder_text;
 using test::scratch_machine;
 using test::write_file;
 
-path from_text(std::string_view text)
-{
-    return to_path(text);
-}
-
 TEST(machine, a_drive_is_a_folder_and_z_is_the_whole_host)
 {
     const scratch_machine machine;
-    write_file(from_text("C:\\A Folder\\file"), "x");
-    write_file(from_text("d:/y"), "y");
-    write_file(from_text("\\\\server\\share\\z"), "z");
+    write_file(to_path("C:\\A Folder\\file"), "x");
+    write_file(to_path("d:/y"), "y");
+    write_file(to_path("\\\\server\\share\\z"), "z");
     EXPECT_TRUE(std::filesystem::exists(machine.folder() / "c" / "A Folder" / "file"));
     EXPECT_TRUE(std::filesystem::exists(machine.folder() / "d" / "y"));
     EXPECT_TRUE(std::filesystem::exists(machine.folder() / "network" / "server" / "share" / "z"));
 
-    EXPECT_EQ(to_utf8(canonical(from_text("//SERVER/Share/z"))), "\\\\server\\share\\z");
+    EXPECT_EQ(to_utf8(canonical(to_path("//SERVER/Share/z"))), "\\\\server\\share\\z");
 
     const path on_host = from_host((machine.folder() / "outside").string());
     EXPECT_TRUE(to_utf8(on_host).starts_with("Z:\\")) << to_utf8(on_host);
@@ -58,25 +53,24 @@ TEST(machine, denied_and_locked_paths_refuse_changes)
         std::filesystem::create_directories((machine.folder() / file).parent_path());
         std::ofstream(machine.folder() / file) << "x";
     }
-    const path fresh = from_text("C:\\new");
+    const path fresh = to_path("C:\\new");
     const auto refused = [&](auto change) {
         error_code ec;
         change(ec);
         return ec == boost::system::errc::permission_denied;
     };
-    const auto at = [](const char* text) { return from_text(text); };
-    EXPECT_TRUE(refused([&](auto& ec) { create_directories(at("C:\\denied\\x"), ec); }));
-    EXPECT_TRUE(refused([&](auto& ec) { copy_file(fresh, at("C:\\Denied\\x"), ec); }));
-    EXPECT_TRUE(refused([&](auto& ec) { remove(at("C:\\Denied\\FILE"), ec); }));
-    EXPECT_TRUE(refused([&](auto& ec) { copy_file(fresh, at("C:\\app\\USED.dll"), ec); }));
-    EXPECT_TRUE(refused([&](auto& ec) { rename(at("C:\\App"), at("C:\\App2"), ec); }));
-    EXPECT_TRUE(refused([&](auto& ec) { remove_all(at("C:\\App\\"), ec); }));
-    EXPECT_FALSE(open_for_writing(at("C:\\Denied\\file")).is_open());
-    EXPECT_FALSE(refused([&](auto& ec) { create_directories(at("C:\\Denied"), ec); }));
-    EXPECT_FALSE(refused([&](auto& ec) { copy_file(fresh, at("C:\\App\\free.dll"), ec); }));
-    EXPECT_FALSE(refused([&](auto& ec) { create_directories(at("C:\\Denied2"), ec); }));
-    EXPECT_EQ(test::read_file(at("C:\\App\\used.dll")), "x");
-    EXPECT_EQ(folder_text(from_text("C:\\")),
+    EXPECT_TRUE(refused([&](auto& ec) { create_directories(to_path("C:\\denied\\x"), ec); }));
+    EXPECT_TRUE(refused([&](auto& ec) { copy_file(fresh, to_path("C:\\Denied\\x"), ec); }));
+    EXPECT_TRUE(refused([&](auto& ec) { remove(to_path("C:\\Denied\\FILE"), ec); }));
+    EXPECT_TRUE(refused([&](auto& ec) { copy_file(fresh, to_path("C:\\app\\USED.dll"), ec); }));
+    EXPECT_TRUE(refused([&](auto& ec) { rename(to_path("C:\\App"), to_path("C:\\App2"), ec); }));
+    EXPECT_TRUE(refused([&](auto& ec) { remove_all(to_path("C:\\App\\"), ec); }));
+    EXPECT_FALSE(open_for_writing(to_path("C:\\Denied\\file")).is_open());
+    EXPECT_FALSE(refused([&](auto& ec) { create_directories(to_path("C:\\Denied"), ec); }));
+    EXPECT_FALSE(refused([&](auto& ec) { copy_file(fresh, to_path("C:\\App\\free.dll"), ec); }));
+    EXPECT_FALSE(refused([&](auto& ec) { create_directories(to_path("C:\\Denied2"), ec); }));
+    EXPECT_EQ(test::read_file(to_path("C:\\App\\used.dll")), "x");
+    EXPECT_EQ(folder_text(to_path("C:\\")),
               "App\\\nApp\\free.dll: x\nApp\\used.dll: x\nDenied\\\nDenied\\file: x\nDenied2\\\n"
               "new: x\n");
 }
@@ -84,8 +78,8 @@ TEST(machine, denied_and_locked_paths_refuse_changes)
 TEST(machine, a_read_only_file_is_not_written_to_even_by_the_superuser)
 {
     const scratch_machine machine;
-    const path fixed = from_text("C:\\fixed");
-    const path other = from_text("C:\\other");
+    const path fixed = to_path("C:\\fixed");
+    const path other = to_path("C:\\other");
     write_file(fixed, "old");
     write_file(other, "new");
     test::make_read_only(fixed);
@@ -100,8 +94,8 @@ TEST(machine, a_read_only_file_is_not_written_to_even_by_the_superuser)
         EXPECT_FALSE(open_for_appending(fixed).is_open());
         EXPECT_TRUE(plan == nullptr || plan->list().empty());
     }
-    rename(fixed, from_text("C:\\moved"), ec);
-    EXPECT_EQ(folder_text(from_text("C:\\")), "moved: old\nother: new\n");
+    rename(fixed, to_path("C:\\moved"), ec);
+    EXPECT_EQ(folder_text(to_path("C:\\")), "moved: old\nother: new\n");
 }
 
 TEST(machine, a_32_bit_process_sees_the_system_folders_of_its_kind)
@@ -113,7 +107,7 @@ TEST(machine, a_32_bit_process_sees_the_system_folders_of_its_kind)
         std::ofstream(windows / name / "kind") << name;
     }
     const auto kind = [](const char* folder) {
-        return test::read_file(from_text("C:\\WINDOWS") / folder / "kind");
+        return test::read_file(to_path("C:\\WINDOWS") / folder / "kind");
     };
     EXPECT_EQ(kind("sysnative"), "System32");
     EXPECT_EQ(kind("System32"), "SysWOW64");
@@ -147,21 +141,21 @@ TEST(machine, its_folder_may_be_named_with_a_separator_at_the_end)
     const std::string name = machine.folder() / "not made yet" / "";
     setenv("VS5_MACHINE", name.c_str(), 1);
     forget_machine();
-    write_file(from_text("C:\\dir\\file"), "x");
-    EXPECT_EQ(to_utf8(canonical(from_text("C:\\dir"))), "C:\\dir");
+    write_file(to_path("C:\\dir\\file"), "x");
+    EXPECT_EQ(to_utf8(canonical(to_path("C:\\dir"))), "C:\\dir");
 }
 
 TEST(machine, symbolic_links_are_counted_copied_and_not_followed)
 {
     const scratch_machine machine;
-    write_file(from_text("C:\\real\\file"), "x");
+    write_file(to_path("C:\\real\\file"), "x");
     std::filesystem::create_directory_symlink("../real", machine.folder() / "c/real/link");
-    EXPECT_EQ(count_files_below(from_text("C:\\real")), 2U);
+    EXPECT_EQ(count_files_below(to_path("C:\\real")), 2U);
     error_code ec;
-    copy_symlink(from_text("C:\\real\\link"), from_text("C:\\copy"), ec);
-    EXPECT_EQ(symlink_status(from_text("C:\\copy")).type(), boost::filesystem::symlink_file);
-    remove_all(from_text("C:\\copy"), ec);
-    EXPECT_EQ(test::read_file(from_text("C:\\real\\file")), "x");
+    copy_symlink(to_path("C:\\real\\link"), to_path("C:\\copy"), ec);
+    EXPECT_EQ(symlink_status(to_path("C:\\copy")).type(), boost::filesystem::symlink_file);
+    remove_all(to_path("C:\\copy"), ec);
+    EXPECT_EQ(test::read_file(to_path("C:\\real\\file")), "x");
 }
 
 TEST(machine, a_value_of_any_type_is_told_for_people)
