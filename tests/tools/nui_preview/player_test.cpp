@@ -4,10 +4,7 @@
 #include "nui/events/dispatch.h"
 #include "nui/widgets/screen.h"
 #include "support/nui/event_log.h"
-#include "support/nui/layout.h"
 #include "support/nui/running_toolkit.h"
-#include "support/temp_folder.h"
-#include "tools/nui_preview/host_path.h"
 
 #include <SDL2/SDL.h>
 #include <gtest/gtest.h>
@@ -98,14 +95,6 @@ TEST_F(player_test, what_is_pressed_is_held_while_the_pointer_moves)
     EXPECT_EQ(held, "0104");
 }
 
-TEST_F(player_test, a_page_comes_to_the_front_of_its_siblings)
-{
-    played("show two");
-    EXPECT_FALSE(screen_->findByName("one")->isDrawn());
-    EXPECT_TRUE(screen_->findByName("two")->isDrawn());
-    EXPECT_TRUE(left_->isDrawn());
-}
-
 TEST_F(player_test, the_users_own_pointer_is_not_heard)
 {
     SDL_Event event = {};
@@ -125,14 +114,6 @@ TEST_F(player_test, what_cannot_be_played_is_told_with_its_line)
     EXPECT_EQ(played("show nobody"), "line 1: There is no page \"nobody\".");
     EXPECT_EQ(played("move 1 1\ntree /no such folder/tree.json"),
               "line 2: The file /no such folder/tree.json cannot be written.");
-}
-
-TEST_F(player_test, quit_ends_the_script_and_what_was_written_before_stays)
-{
-    const nrd::test::temp_folder folder;
-    const std::string tree = nui::test::hostPath(folder / "a tree.json");
-    played("tree " + tree + "\nquit\nclick nobody");
-    EXPECT_NE(read_file(tree).find("\"right_id\""), std::string::npos);
 }
 
 } // namespace

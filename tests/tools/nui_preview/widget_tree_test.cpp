@@ -2,6 +2,7 @@
 
 #include "nui/widgets/container.h"
 #include "nui/widgets/screen.h"
+#include "nui/widgets/selectable_image.h"
 #include "nui/widgets/text_label.h"
 
 #include <gtest/gtest.h>
@@ -37,6 +38,13 @@ TEST(widget_tree_test, every_key_is_there_whatever_its_value)
               R"(e",)"
               R"("x":0,"y":0,"width":0,"height":0,"visibility":"Visible","enabled":false,)"
               R"("focused":true,"children":[]}]})");
+}
+
+TEST(widget_tree_test, a_selected_image_is_in_state_1)
+{
+    nui::SelectableImage image;
+    image.setSelected(true);
+    EXPECT_EQ(tree_of(image)["state"], 1);
 }
 
 TEST(widget_tree_test, sizes_are_rounded_to_what_all_processors_agree_on)

@@ -163,17 +163,6 @@ std::string misfits(const nui::Widget& widget)
     return found;
 }
 
-TEST_F(wizard_layout_test, the_first_page_shows_until_another_is_chosen)
-{
-    nui::Screen& window = open("installer_window");
-    EXPECT_TRUE(window.findByName("title_label")->isOnScreen());
-    EXPECT_FALSE(window.findByName("progress_bar")->isOnScreen());
-    EXPECT_TRUE(switch_to_page(window, "end_main"));
-    settle();
-    EXPECT_FALSE(window.findByName("title_label")->isOnScreen());
-    EXPECT_TRUE(window.findByName("finish_button")->isOnScreen());
-}
-
 TEST_F(wizard_layout_test, every_page_has_room_for_its_texts_in_every_language)
 {
     for (const std::string& language : languages) {
