@@ -284,13 +284,4 @@ TEST_F(bindable_widgets_test, a_clone_is_bound_to_the_same_property_and_pushes_f
     EXPECT_FALSE(clone.touchEnabled);
 }
 
-TEST_F(bindable_widgets_test, a_widget_that_is_not_bound_pushes_to_nobody)
-{
-    openAll(widget("bindable_textfield", "field"));
-    focus("field");
-    toolkit.type("x");
-    EXPECT_EQ(get<bindable_textfield>("field").getText(), "x");
-    EXPECT_FALSE(get<bindable_textfield>("field").isBound());
-}
-
 } // namespace
