@@ -40,6 +40,10 @@ pkg_check_modules(PANGOCAIRO REQUIRED IMPORTED_TARGET pangocairo>=1.50)
 pkg_check_modules(FONTCONFIG REQUIRED IMPORTED_TARGET fontconfig)
 import_as(native_text PkgConfig::PANGOCAIRO PkgConfig::FONTCONFIG)
 
+# What SDL does not tell of the keyboard.
+find_package(X11 REQUIRED)
+import_as(native_input X11::X11)
+
 if(VS5_SANITIZE STREQUAL "thread")
     # The thread sanitizer must see GoogleTest's own locks, so it is built along.
     add_subdirectory(/usr/src/googletest ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)

@@ -41,6 +41,7 @@ import_archive(sdl2_image SDL2_image vs5::sdl2)
 import_as(opengl glu32 opengl32)
 
 import_as(native_text gdi32 uxtheme user32)
+import_as(native_input user32)
 
 import_archive(glew glew32 vs5::opengl)
 target_compile_definitions(vs5::glew INTERFACE GLEW_STATIC)

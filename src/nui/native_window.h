@@ -40,6 +40,9 @@ struct FrameSizes {
 
 /// Lets the system refuse clicks and keys of a window. Nothing where it has no such notion.
 void enableNativeWindow(SDL_Window* window, bool enable);
+/// Keeps the window in front of its owner, and minimises it along; null lets it go. Windows of an
+/// owner that is destroyed are destroyed along where the system has it so.
+void setNativeOwner(SDL_Window* window, SDL_Window* owner);
 /// Whether windows are told that they are hidden when they are only minimised.
 [[nodiscard]] bool minimizingHides();
 /// Replaces the minimise box bit (0x20000) of the window's style by `style`.
@@ -50,6 +53,11 @@ void setMinimizeBoxStyle(SDL_Window* window, std::uint32_t style);
 [[nodiscard]] std::optional<int> nativeMessageBox(SDL_Window* owner, std::uint32_t flags,
                                                   const std::string& text,
                                                   const std::string& title);
+
+/// Whether a key is down on the keyboard itself, whichever window had it: SDL forgets what was
+/// down when a window closes. `key` is an SDL_Keycode: return, enter, space or escape. False where
+/// the system does not tell.
+[[nodiscard]] bool isKeyDown(std::int32_t key);
 
 /// A message of the window system, with Windows' numbers.
 struct NativeMessage {

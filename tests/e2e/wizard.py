@@ -9,6 +9,7 @@ import os
 import subprocess
 import tempfile
 import time
+from contextlib import contextmanager
 
 from layout import RESOURCES, Layout
 
@@ -184,6 +185,15 @@ class Wizard:
     def press(self, *keys):
         """Hits keys, each with xdotool's name for it, for the window that has the keyboard."""
         xdotool("key", *keys)
+
+    @contextmanager
+    def holding(self, key):
+        """With the key down, which comes again and again as from a keyboard."""
+        xdotool("keydown", key)
+        try:
+            yield
+        finally:
+            xdotool("keyup", key)
 
     def write(self, text):
         xdotool("type", "--delay", 1, "--", text)

@@ -9,7 +9,7 @@ from blocking_program import BlockingProgram
 from machine import IS_WINDOWS, PROGRAMS, SUFFIX, TOOLS
 from machine_case import INSTALLED, TARGET, MachineTest
 from package import FILES, FOUR_PACKAGES, VARS, install_xml
-from wizard import Wizard
+from wizard import Wizard, xdotool
 
 NEVER_STARTED = 1
 # As the systems spell them: what is refused is compared letter by letter.
@@ -150,6 +150,18 @@ class Installs(WizardTest):
         self.assertEqual(self.machine.files(TARGET), INSTALLED | {"one.txt": b"newer"})
         self.assertEqual(self.folders_of_trial(), ["Trial"])
 
+    def test_a_key_that_is_held_in_a_dialog_presses_nothing_behind_it(self):
+        self.package.add(0, install_xml())
+        self.assertEqual(self.machine.run(self.package.unattended, "--quiet").returncode, 0)
+        with self.start() as wizard:
+            wizard.window("already_installed_dialog")
+            with wizard.holding("Return"):
+                wizard.wait_for_page()
+                time.sleep(1)
+            self.expect_none(wizard, "Welcome tab install clicked.")
+            wizard.press("Return")
+            wizard.wait_for_page("end_main")
+
     def test_nothing_happens_to_the_machine_when_the_user_goes_away(self):
         self.package.add(0, install_xml())
         with self.start() as wizard:
@@ -263,11 +275,14 @@ class Installs(WizardTest):
         refused = ["Welcome tab install clicked.", "Block list has content.",
                    "Launch program running dialog."]
         with self.start() as wizard:
-            wizard.wait_for_page()
+            main = wizard.wait_for_page()
             with BlockingProgram(self.machine, self.package.root, "Blocking.exe") as first, \
                     BlockingProgram(self.machine, self.package.root, "Other.exe"):
                 wizard.click("welcome_main", "install_button")
                 wizard.wait_for_line("Launch program running dialog.")
+                wizard.window("program_running_dialog")
+                # As the task bar would.
+                xdotool("windowactivate", main)
                 wizard.click("program_running_dialog", "ok_button")
                 wizard.wait_until_closed("program_running_dialog")
                 first.end()

@@ -133,6 +133,7 @@ bool Engine::step()
     const bool tweening = tweens.update(delta);
     lastTick_ = now;
     timers_.dispatchDue(now);
+    keyboard.forgetReleasedKeys();
     const bool buttonsTold = events_ && events_->handleAll();
     if (pointer.isDown() && !buttonsTold)
         pointer.refreshButtons();

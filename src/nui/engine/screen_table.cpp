@@ -50,6 +50,7 @@ void ScreenTable::releaseParent(Screen& screen)
 void ScreenTable::drop(const ScreenPtr& screen)
 {
     const ScreenPtr dropped = screen;
+    engine_.keyboard.noteHeldKeys();
     engine_.popups.closeOn(*dropped);
     engine_.pointer.forgetTree(*dropped);
     engine_.toolTips.forgetTree(*dropped);
@@ -62,7 +63,7 @@ void ScreenTable::drop(const ScreenPtr& screen)
         std::erase_if(screens_, [&dropped](const auto& entry) { return entry.second == dropped; });
     for (const auto& [id, other] : screens_) {
         if (other->parent == dropped.get())
-            other->parent = nullptr;
+            other->loseParent();
     }
     dropped->closeWindow();
     lastHasClosed_ = lastHasClosed_ || (erased != 0 && screens_.empty());

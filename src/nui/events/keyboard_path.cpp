@@ -3,11 +3,15 @@
 #include "nui/engine/engine.h"
 #include "nui/events/dispatch.h"
 #include "nui/menus/popup_menu_item.h"
+#include "nui/native_window.h"
 #include "nui/widgets/screen.h"
 
 #include <SDL_events.h>
 #include <SDL_keyboard.h>
 
+#include <algorithm>
+#include <array>
+#include <iterator>
 #include <utility>
 
 namespace nui {
@@ -40,13 +44,32 @@ void KeyboardPath::handleKey(const SDL_KeyboardEvent& key)
         KeyboardEvent event(down ? keyboard::Down : keyboard::Up);
         event.key = key.keysym.sym;
         event.modifiers = key.keysym.mod;
-        event.repeat = key.repeat != 0;
+        event.repeat = isRepeated(key);
         dispatch(*widget, event, Phase::AtTarget);
         if (event.prevented)
             return;
     }
-    if (down && key.repeat == 0)
+    if (down && !isRepeated(key))
         activateShortcut(key);
+}
+
+void KeyboardPath::noteHeldKeys()
+{
+    // What presses buttons; other keys do no harm when they go on in another window.
+    constexpr std::array<std::int32_t, 4> Pressing = {SDLK_RETURN, SDLK_KP_ENTER, SDLK_SPACE,
+                                                      SDLK_ESCAPE};
+    heldKeys_.clear();
+    std::ranges::copy_if(Pressing, std::back_inserter(heldKeys_), isKeyDown);
+}
+
+void KeyboardPath::forgetReleasedKeys()
+{
+    std::erase_if(heldKeys_, [](std::int32_t key) { return !isKeyDown(key); });
+}
+
+bool KeyboardPath::isRepeated(const SDL_KeyboardEvent& key) const
+{
+    return key.repeat != 0 || std::ranges::find(heldKeys_, key.keysym.sym) != heldKeys_.end();
 }
 
 void KeyboardPath::activateShortcut(const SDL_KeyboardEvent& key)

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 struct SDL_KeyboardEvent;
 struct SDL_TextEditingEvent;
@@ -33,6 +34,12 @@ public:
     /// Takes the focus from a tree that is about to go from its screen.
     void forgetTree(Widget& root);
 
+    /// A window opens or closes: the keys that are down were not meant for what has the keyboard
+    /// next, and count as repeated until they are let go.
+    void noteHeldKeys();
+    /// With each turn of the loop, before its events.
+    void forgetReleasedKeys();
+
     /// Whether a widget took the focus during the event that is being handled.
     bool focusTaken = false;
     /// The screen that has the keyboard, or null.
@@ -42,9 +49,11 @@ private:
     /// The screen of the window if it may have input; it becomes the current one.
     [[nodiscard]] std::shared_ptr<Screen> enabledScreen(std::uint32_t windowId);
     [[nodiscard]] WidgetPtr target(const std::shared_ptr<Screen>& screen) const;
+    [[nodiscard]] bool isRepeated(const SDL_KeyboardEvent& key) const;
     void activateShortcut(const SDL_KeyboardEvent& key);
 
     Engine& engine_;
+    std::vector<std::int32_t> heldKeys_; ///< SDL_Keycodes
 };
 
 } // namespace nui

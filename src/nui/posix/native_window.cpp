@@ -1,11 +1,44 @@
 #include "nui/native_window.h"
 
 #include <SDL2/SDL.h>
+#include <X11/Xlib.h>
+#include <X11/keysym.h>
+
+#include <array>
+#include <string_view>
 
 // SDL tells what window systems here have in common. They refuse no clicks, send no numbered
 // messages, and have no menus and no message box of their own.
 
 namespace nui {
+
+namespace {
+
+/// A connection of our own, as SDL's belongs to its windows; null with other window systems than X.
+Display* display()
+{
+    const char* const driver = SDL_GetCurrentVideoDriver();
+    if (driver == nullptr || std::string_view(driver) != "x11")
+        return nullptr;
+    static Display* const connection = XOpenDisplay(nullptr);
+    return connection;
+}
+
+KeySym symbolOf(std::int32_t key)
+{
+    switch (key) {
+    case SDLK_SPACE:
+        return XK_space;
+    case SDLK_ESCAPE:
+        return XK_Escape;
+    case SDLK_KP_ENTER:
+        return XK_KP_Enter;
+    default:
+        return XK_Return;
+    }
+}
+
+} // namespace
 
 WorkArea workArea()
 {
@@ -48,6 +81,22 @@ bool minimizingHides()
 }
 
 void enableNativeWindow(SDL_Window* /*window*/, bool /*enable*/) {}
+
+void setNativeOwner(SDL_Window* window, SDL_Window* owner)
+{
+    SDL_SetWindowModalFor(window, owner);
+}
+
+bool isKeyDown(std::int32_t key)
+{
+    Display* const connection = display();
+    if (connection == nullptr)
+        return false;
+    std::array<char, 32> down{}; // a bit for each key
+    XQueryKeymap(connection, down.data());
+    const unsigned code = XKeysymToKeycode(connection, symbolOf(key));
+    return (static_cast<unsigned char>(down.at(code / 8)) >> code % 8 & 1U) != 0;
+}
 
 void setMinimizeBoxStyle(SDL_Window* /*window*/, std::uint32_t /*style*/) {}
 

@@ -262,8 +262,11 @@ void Screen::openWindow()
         settings.iconPath = joinPath(engine().basePath, icon_);
     settings.minWidth = wholePixels(resolve(minWidth_, display.w));
     settings.minHeight = wholePixels(resolve(minHeight_, display.h));
+    engine().keyboard.noteHeldKeys();
     if (!window->create(settings))
         return;
+    if (const auto* const over = dynamic_cast<const Screen*>(parent); over && over->isOpen())
+        setNativeOwner(window->sdlWindow(), over->window->sdlWindow());
     if (windowMenu_)
         setWindowMenu(windowMenu_);
     if (windowStyle_ != MinimizeBoxStyle)
@@ -313,6 +316,13 @@ void Screen::setOuterRect(std::int32_t left, std::int32_t top, std::int32_t righ
 FrameSizes Screen::frameSizes() const
 {
     return isOpen() ? nui::frameSizes(window->sdlWindow()) : FrameSizes{};
+}
+
+void Screen::loseParent()
+{
+    parent = nullptr;
+    if (isOpen())
+        setNativeOwner(window->sdlWindow(), nullptr);
 }
 
 void Screen::closeWindow()

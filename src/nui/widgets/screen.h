@@ -87,6 +87,8 @@ public:
     /// SDL's id of the window; 0 without one.
     [[nodiscard]] std::uint32_t windowId() const { return isOpen() ? window->id() : 0; }
     void closeWindow();
+    /// The screen over which this one is modal goes first.
+    void loseParent();
 
     WidgetPtr focusedWidget; ///< has the keyboard within this window
     std::unique_ptr<WindowHandle> window;

@@ -139,6 +139,16 @@ void enableNativeWindow(SDL_Window* window, bool enable)
     EnableWindow(nativeOf(window), enable ? TRUE : FALSE);
 }
 
+void setNativeOwner(SDL_Window* window, SDL_Window* owner)
+{
+    const HWND native = nativeOf(window);
+    SetWindowLongPtrW(native, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(nativeOf(owner)));
+    // Wine tells the window manager of an owner along with a change of this bit only.
+    const LONG style = GetWindowLongW(native, GWL_STYLE);
+    SetWindowLongW(native, GWL_STYLE, style ^ WS_DISABLED);
+    SetWindowLongW(native, GWL_STYLE, style);
+}
+
 void setMinimizeBoxStyle(SDL_Window* window, std::uint32_t style)
 {
     const HWND native = nativeOf(window);
@@ -165,6 +175,12 @@ std::optional<int> nativeMessageBox(SDL_Window* owner, std::uint32_t flags, cons
     default:
         return std::nullopt;
     }
+}
+
+bool isKeyDown(std::int32_t key)
+{
+    const int native = key == SDLK_SPACE ? VK_SPACE : key == SDLK_ESCAPE ? VK_ESCAPE : VK_RETURN;
+    return GetAsyncKeyState(native) < 0;
 }
 
 void setNativeMessageHook(const std::function<void(const NativeMessage&)>& hook)
