@@ -62,7 +62,17 @@ public:
     }
     void draw(GLenum mode) const { send({.mode = mode}, nullptr); }
     /// For lines along the grid of pixels.
-    void drawCrisp() const { send({.mode = GL_LINE_STRIP, .crisp = true}, nullptr); }
+    void drawCrisp() const
+    {
+        // Of lines between the exact centres of pixels, renderers leave out the last pixel or the
+        // first one, and one and the same does either, by where it draws to.
+        constexpr float OffCentre = 1.0F / 16;
+        std::for_each_n(vertices_, count_, [](Vertex& vertex) {
+            vertex.x -= OffCentre;
+            vertex.y -= OffCentre;
+        });
+        send({.mode = GL_LINE_STRIP, .crisp = true}, nullptr);
+    }
     void drawTextured(const TextureRef& texture, const TexturePoint* texCoords) const
     {
         send({.mode = GL_TRIANGLE_FAN, .texture = texture.glName}, texCoords);
