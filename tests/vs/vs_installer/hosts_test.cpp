@@ -95,7 +95,7 @@ TEST_F(hosts, illustrator_is_found_in_the_systems_list_of_programs)
     EXPECT_EQ(text_of(find_adobe_hosts(false)), text_of(find_adobe_hosts(true)));
 }
 
-TEST_F(hosts, illustrator_is_found_beside_bridge)
+TEST_F(hosts, illustrator_is_found_beside_bridge_and_twice_if_it_is_listed_too)
 {
     const std::string adobe = to_utf8(folder_ / "Adobe") + "\\";
     linked_illustrator("Adobe Illustrator 13.0.1 (64 Bit)");
@@ -114,7 +114,9 @@ TEST_F(hosts, illustrator_is_found_beside_bridge)
     bridge(key + "18", adobe + "Adobe Bridge 18\\"); // a separator at the end hides the name
     bridge(key + "19", "");
     value(key + "20", "InstallPath", adobe + "Adobe Bridge 20"); // no key "Installer"
+    listed("1", "Adobe Illustrator 14", folder_ / "Adobe\\Adobe Illustrator 14");
     EXPECT_EQ(text_of(find_adobe_hosts(true)),
+              "VS5 test 1 | Adobe Illustrator 14 | T:\\Adobe\\Adobe Illustrator 14 | 64\n"
               "13 | Adobe Illustrator 13.0.1 (64 Bit)"
               " | T:\\Adobe\\Adobe Illustrator 13.0.1 (64 Bit) | 64\n"
               "14 | Adobe Illustrator 14 | T:\\Adobe\\Adobe Illustrator 14 | 64\n"
@@ -151,16 +153,6 @@ TEST_F(hosts, illustrator_is_found_in_the_folders_of_programs_unless_its_name_is
                   "Name: An Adobe Illustrator .txt, Path: "
                   "C:\\Program Files\\Adobe\\An Adobe Illustrator .txt\n" +
                   last + "Accepted Adobe installations:\n" + first + last);
-}
-
-TEST_F(hosts, one_illustrator_on_two_routes_is_found_twice)
-{
-    linked_illustrator("Adobe Illustrator 13");
-    bridge("Adobe\\Adobe Bridge\\13", to_utf8(folder_ / "Adobe\\Adobe Bridge 13"));
-    listed("1", "Adobe Illustrator 13", folder_ / "Adobe\\Adobe Illustrator 13");
-    EXPECT_EQ(text_of(find_adobe_hosts(true)),
-              "VS5 test 1 | Adobe Illustrator 13 | T:\\Adobe\\Adobe Illustrator 13 | 64\n"
-              "13 | Adobe Illustrator 13 | T:\\Adobe\\Adobe Illustrator 13 | 64\n");
 }
 
 TEST_F(hosts, a_file_that_is_no_program_throws)
