@@ -142,8 +142,7 @@ TEST_F(drop_down_test, a_press_beside_the_list_or_on_the_drop_down_closes_it)
 {
     openDropDown();
     click("choice");
-    toolkit.move(280, 150);
-    toolkit.press();
+    toolkit.press(280, 150);
     EXPECT_FALSE(choice->isListOpen());
     toolkit.release();
     click("choice");

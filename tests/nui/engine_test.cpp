@@ -133,8 +133,7 @@ TEST_F(engine_test, closing_a_screen_lets_go_of_all_that_lies_in_it)
 {
     const auto other = toolkit.open(windowJson);
     const auto screen = toolkit.open(windowJson);
-    toolkit.move(10, 10);
-    toolkit.press();
+    toolkit.press(10, 10);
     engine().setFocus(screen->findByName("inside")->shared_from_this());
     ASSERT_NE(engine().pointer.pressed(), nullptr);
     ASSERT_NE(engine().pointer.hover(), nullptr);

@@ -106,8 +106,7 @@ TEST_F(pointer_test, a_captured_pointer_stays_with_its_widget_until_all_buttons_
 {
     nui::Widget& left = *screen->findByName("left");
     log.listenAndCapture(left);
-    toolkit.move(10, 10);
-    toolkit.press();
+    toolkit.press(10, 10);
     EXPECT_EQ(engine().pointer.captured().get(), &left);
     (void)log.take();
     toolkit.move(110, 60);
@@ -140,22 +139,19 @@ TEST_F(pointer_test, a_stopped_release_is_no_click)
 TEST_F(pointer_test, a_container_whose_children_are_not_touched_is_hit_itself)
 {
     dynamic_cast<nui::Container&>(*screen->findByName("box")).childrenTouch = false;
-    toolkit.move(10, 10);
-    toolkit.press();
+    toolkit.press(10, 10);
     EXPECT_EQ(log.takeWithoutHover(), "TOUC box 1\nTOUC screen 2\n");
 }
 
 TEST_F(pointer_test, what_is_disabled_or_not_drawn_lets_the_pointer_through)
 {
     screen->findByName("left")->setEnabled(false);
-    toolkit.move(10, 10);
-    toolkit.press();
+    toolkit.press(10, 10);
     EXPECT_EQ(log.takeWithoutHover(), "TOUC box 1\nTOUC screen 2\n");
     toolkit.release();
     screen->findByName("below")->visibility = nui::visibility::Hidden;
     (void)log.take();
-    toolkit.move(10, 60);
-    toolkit.press();
+    toolkit.press(10, 60);
     EXPECT_EQ(log.takeWithoutHover(), "");
 }
 
@@ -169,16 +165,14 @@ TEST_F(pointer_test, the_last_child_is_hit_first)
     screen->markDirty();
     log.listen(*cover);
     toolkit.frame();
-    toolkit.move(10, 10);
-    toolkit.press();
+    toolkit.press(10, 10);
     EXPECT_EQ(log.takeWithoutHover(), "TOUC cover 1\nTOUC screen 2\n");
 }
 
 TEST_F(pointer_test, a_window_that_another_is_modal_over_gets_no_input)
 {
     screen->setEnabled(false);
-    toolkit.move(10, 10);
-    toolkit.press();
+    toolkit.press(10, 10);
     toolkit.wheel(1);
     toolkit.key(SDLK_a);
     EXPECT_EQ(log.take(), "");
@@ -195,8 +189,7 @@ TEST_F(pointer_test, a_press_elsewhere_takes_the_keyboard_away)
     toolkit.key(SDLK_a);
     toolkit.type("a");
     EXPECT_EQ(log.take(), "MEYB left 1\nUEXT left 1\n");
-    toolkit.move(10, 10);
-    toolkit.press();
+    toolkit.press(10, 10);
     EXPECT_EQ(screen->focusedWidget, left);
     toolkit.release();
     toolkit.move(10, 60);
@@ -229,8 +222,7 @@ TEST_F(pointer_test, a_drag_scrolls_nothing)
     auto& box = dynamic_cast<nui::Container&>(*screen->findByName("box"));
     box.setScrollable(true, true);
     box.minScrollX = box.minScrollY = -25;
-    toolkit.move(50, 40);
-    toolkit.press();
+    toolkit.press(50, 40);
     EXPECT_EQ(engine().pointer.captured().get(), &box);
     toolkit.move(5, 5);
     toolkit.release();
@@ -284,8 +276,7 @@ TEST_F(pointer_test, a_popup_closes_by_a_press_beside_it)
     engine().setFocus(inside);
     engine().showPopup(popup);
     EXPECT_EQ(screen->focusedWidget, inside) << "shown again, it stays open";
-    toolkit.move(60, 10);
-    toolkit.press();
+    toolkit.press(60, 10);
     EXPECT_EQ(engine().popups.open(), nullptr);
     EXPECT_EQ(screen->findByName("popup"), nullptr);
 }
@@ -300,8 +291,7 @@ TEST_F(pointer_test, a_listener_may_close_the_screen_that_it_is_on)
             engine().closeScreen(engine().screens.find(event.target->screen()->windowId()));
         },
         nullptr);
-    toolkit.move(10, 10);
-    toolkit.press();
+    toolkit.press(10, 10);
     EXPECT_EQ(engine().pointer.pressed(), nullptr);
     EXPECT_EQ(engine().pointer.captured(), nullptr);
     EXPECT_EQ(engine().pointer.hover(), nullptr);
@@ -348,8 +338,7 @@ TEST_F(pointer_test, a_spy_is_offered_what_hit_testing_passes)
         },
         &seen);
     engine().setEventSpy(&spy);
-    toolkit.move(10, 10);
-    toolkit.press();
+    toolkit.press(10, 10);
     engine().setEventSpy(nullptr);
     EXPECT_EQ(seen, "left ");
 }

@@ -140,8 +140,7 @@ protected:
 
 TEST_F(text_button_test, a_click_needs_press_and_release_on_the_button_and_goes_on_to_the_ancestors)
 {
-    toolkit.move(50, 10);
-    toolkit.press();
+    toolkit.press(50, 10);
     toolkit.move(50, 30);
     toolkit.release();
     EXPECT_EQ(taken(), "");

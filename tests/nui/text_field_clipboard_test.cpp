@@ -166,8 +166,7 @@ TEST_F(text_field_clipboard_test, the_menu_of_a_field_in_a_popup_opens_and_close
     toolkit.click(10, 90);
     EXPECT_EQ(popups.open(), popup) << "a press on the popup";
     EXPECT_TRUE(openMenu());
-    toolkit.move(290, 110);
-    toolkit.press();
+    toolkit.press(290, 110);
     EXPECT_EQ(popups.open(), nullptr) << "a press beside both";
     EXPECT_FALSE(inside->isMenuOpen());
 }
@@ -179,8 +178,7 @@ TEST_F(text_field_clipboard_test, the_menu_is_in_the_language_of_the_user)
     nui::engine().lang = std::make_unique<nui::Lang>(folder.path() + "langfile.txt");
     nui::engine().lang->setLanguage("en");
     openFocused("");
-    toolkit.move(12, 10);
-    toolkit.press(SDL_BUTTON_RIGHT);
+    toolkit.press(12, 10, SDL_BUTTON_RIGHT);
     const auto menu = std::dynamic_pointer_cast<nui::PopupList>(nui::engine().popups.open());
     ASSERT_NE(menu, nullptr);
     EXPECT_EQ(menu->list().itemText(0), "Cut");

@@ -111,8 +111,7 @@ TEST_F(text_field_test, a_password_shows_a_star_a_byte_and_does_not_leave_the_fi
     field->setText("x");
     nui::engine().setFocus(nullptr);
     EXPECT_EQ(drawn(), "'*' at 0,0 in 100x40 ff000000");
-    toolkit.move(8, 10);
-    toolkit.press();
+    toolkit.press(8, 10);
     EXPECT_EQ(shown(), "x|");
     field->setText("\xC3\xA4\xC3\xB6");
     toolkit.press();
@@ -121,8 +120,7 @@ TEST_F(text_field_test, a_password_shows_a_star_a_byte_and_does_not_leave_the_fi
     field->setText("\xFF\xC3\xA4\xC3"); // three characters
     field->setCaret(2);
     EXPECT_NE(drawn().find("'****' at 0,0 in 100x40 ff000000 caret 3 anchor 3"), std::string::npos);
-    toolkit.move(90, 10);
-    toolkit.press();
+    toolkit.press(90, 10);
     EXPECT_EQ(field->caret(), 3);
     toolkit.release();
 }
@@ -140,8 +138,7 @@ TEST_F(text_field_test, a_disabled_field_hears_no_keys)
 TEST_F(text_field_test, a_click_into_it_selects_all_and_the_next_one_places_the_caret)
 {
     open(", 'text': 'abcdef'");
-    toolkit.move(26, 10);
-    toolkit.press();
+    toolkit.press(26, 10);
     EXPECT_TRUE(field->isFocused());
     EXPECT_EQ(shown(), "abc|def");
     toolkit.release();
@@ -160,8 +157,7 @@ TEST_F(text_field_test, a_click_into_it_selects_all_and_the_next_one_places_the_
 TEST_F(text_field_test, a_drag_selects_also_beyond_the_field)
 {
     open(", 'text': 'abcdef'");
-    toolkit.move(24, 10);
-    toolkit.press();
+    toolkit.press(24, 10);
     toolkit.move(41, 10);
     EXPECT_EQ(shown(), "ab[cd|]ef");
     toolkit.move(-100, 300);

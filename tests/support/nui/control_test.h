@@ -35,7 +35,7 @@ protected:
     /// A clone of the widget, in the window too.
     template <class T> std::shared_ptr<T> addClone(const T& original)
     {
-        const auto copy = std::dynamic_pointer_cast<T>(original.clone());
+        auto copy = std::dynamic_pointer_cast<T>(original.clone());
         screen->add(copy);
         layOutAnew();
         return copy;

@@ -3,7 +3,9 @@
 #include "misc/text.h"
 #include "misc/utf8.h"
 #include "nui/draw/drawing.h"
+#include "nui/draw/surface.h"
 
+#include <SDL2/SDL_surface.h>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -167,19 +169,15 @@ TextureRef FixedFont::pictureOf(const TextLayout& layout)
         static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 0x00FFFFFF);
     const std::u32string text = nrd::misc::to_text32(layout.text);
     const std::vector<Line> lines = linesOf(text, layout);
+    const SurfacePtr picture(SDL_CreateRGBSurfaceWithFormatFrom(
+        pixels.data(), width, height, 32, width * 4, SDL_PIXELFORMAT_ABGR8888));
     for (std::size_t row = 0; row < lines.size(); ++row) {
         const Point start = startOf(lines[row], row, lines.size(), layout);
+        SDL_Rect block{static_cast<int>(start.x), static_cast<int>(start.y), BlockWidth,
+                       BlockHeight};
         for (std::size_t i = lines[row].start; i < lines[row].end; ++i) {
-            const int left = static_cast<int>(start.x) + static_cast<int>(i - lines[row].start) *
-                                                             static_cast<int>(CharacterWidth);
-            for (int y = 0; y < BlockHeight; ++y) {
-                for (int x = 0; x < BlockWidth; ++x) {
-                    const int px = left + x;
-                    const int py = static_cast<int>(start.y) + y;
-                    if (px >= 0 && px < width && py >= 0 && py < height)
-                        pixels[static_cast<std::size_t>(py * width + px)] = OpaqueWhite;
-                }
-            }
+            SDL_FillRect(picture.get(), &block, OpaqueWhite);
+            block.x += static_cast<int>(CharacterWidth);
         }
     }
     return makeTexture(pixels.data(), width, height);

@@ -99,10 +99,15 @@ void RunningToolkit::release(std::uint8_t button, std::uint8_t clicks)
     pushButton(SDL_MOUSEBUTTONUP, button, clicks);
 }
 
-void RunningToolkit::click(int x, int y, std::uint8_t button)
+void RunningToolkit::press(int x, int y, std::uint8_t button)
 {
     move(x, y);
     press(button);
+}
+
+void RunningToolkit::click(int x, int y, std::uint8_t button)
+{
+    press(x, y, button);
     release(button);
 }
 

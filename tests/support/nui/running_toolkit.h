@@ -48,9 +48,10 @@ public:
     /// Of the window that was opened last, unless another is given.
     void move(int x, int y);
     void press(std::uint8_t button = 1);
-    void release(std::uint8_t button = 1, std::uint8_t clicks = 1);
-    /// Moves there, presses and releases.
+    /// These two move there first.
+    void press(int x, int y, std::uint8_t button = 1);
     void click(int x, int y, std::uint8_t button = 1);
+    void release(std::uint8_t button = 1, std::uint8_t clicks = 1);
     void wheel(int notches);
     void key(std::int32_t keycode, std::uint16_t modifiers = 0);
     /// One after the other.
