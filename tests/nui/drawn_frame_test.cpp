@@ -128,10 +128,10 @@ void drawEverything()
 
 TEST_F(drawn_frame_test, has_the_pixels_of_what_is_drawn_at_once)
 {
-    constexpr const char* letters = "ff0000=r 0000ff=b 7f0080=m 80007f=m 7f007f=m 000000=.";
+    constexpr const char* Letters = "ff0000=r 0000ff=b 7f0080=m 80007f=m 7f007f=m 000000=.";
     drawEverything();
     nui::fillRect(7, 0, 1, 4);
-    const std::string expected = pixelRows(0, 0, 8, 4, letters);
+    const std::string expected = pixelRows(0, 0, 8, 4, Letters);
     EXPECT_EQ(expected, "rrrm..rr\n"
                         "rbrmr.r.\n"
                         "rbrmr.r.\n"
@@ -142,7 +142,7 @@ TEST_F(drawn_frame_test, has_the_pixels_of_what_is_drawn_at_once)
     EXPECT_EQ(pixelAt(0, 0), "000000") << "nothing is drawn before the frame ends";
     frame().drawOnly();
     nui::fillRect(7, 0, 1, 4); // behind the frame; its last clip is in force
-    EXPECT_EQ(pixelRows(0, 0, 8, 4, letters), expected);
+    EXPECT_EQ(pixelRows(0, 0, 8, 4, Letters), expected);
 }
 
 TEST_F(drawn_frame_test, keeps_its_order_around_code_that_draws_by_itself_and_is_always_drawn)
