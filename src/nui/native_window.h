@@ -40,11 +40,9 @@ struct FrameSizes {
 
 /// Lets the system refuse clicks and keys of a window. Nothing where it has no such notion.
 void enableNativeWindow(SDL_Window* window, bool enable);
-/// Keeps the window in front of its owner, and minimises it along; null lets it go. Windows of an
-/// owner that is destroyed are destroyed along where the system has it so.
+/// Keeps the window in front of its owner, and minimises it along. Null lets it go, which must come
+/// before the owner is destroyed: some systems destroy its windows along.
 void setNativeOwner(SDL_Window* window, SDL_Window* owner);
-/// Whether windows are told that they are hidden when they are only minimised.
-[[nodiscard]] bool minimizingHides();
 /// Replaces the minimise box bit (0x20000) of the window's style by `style`.
 void setMinimizeBoxStyle(SDL_Window* window, std::uint32_t style);
 

@@ -9,7 +9,7 @@ from blocking_program import BlockingProgram
 from machine import IS_WINDOWS, PROGRAMS, SUFFIX, TOOLS
 from machine_case import INSTALLED, TARGET, MachineTest
 from package import FILES, FOUR_PACKAGES, VARS, install_xml
-from wizard import Wizard, xdotool
+from wizard import Wizard, is_drawn, wait_for, xdotool
 
 NEVER_STARTED = 1
 # As the systems spell them: what is refused is compared letter by letter.
@@ -280,9 +280,12 @@ class Installs(WizardTest):
                     BlockingProgram(self.machine, self.package.root, "Other.exe"):
                 wizard.click("welcome_main", "install_button")
                 wizard.wait_for_line("Launch program running dialog.")
-                wizard.window("program_running_dialog")
+                dialog = wizard.window("program_running_dialog")
                 # As the task bar would.
                 xdotool("windowactivate", main)
+                xdotool("windowminimize", "--sync", main)
+                xdotool("windowactivate", main)
+                wait_for(lambda: is_drawn(dialog), "the dialog stays bare")
                 wizard.click("program_running_dialog", "ok_button")
                 wizard.wait_until_closed("program_running_dialog")
                 first.end()

@@ -15,6 +15,7 @@
 
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 namespace nui {
 
@@ -133,8 +134,9 @@ bool Engine::step()
     const bool tweening = tweens.update(delta);
     lastTick_ = now;
     timers_.dispatchDue(now);
-    keyboard.forgetReleasedKeys();
+    const std::vector<std::int32_t> releasedKeys = keyboard.releasedKeys();
     const bool buttonsTold = events_ && events_->handleAll();
+    keyboard.forgetHeldKeys(releasedKeys);
     if (pointer.isDown() && !buttonsTold)
         pointer.refreshButtons();
     fastFrames_ = tweening || pointer.isDown() || keepFast_;

@@ -78,7 +78,9 @@ int Engine::messageBox(std::uint32_t flags, const std::string& text, const char*
     const std::string own = screen ? screen->title() : std::string();
     const std::string shown = title != nullptr ? title : own;
     const std::optional<int> answer = nativeMessageBox(owner, flags, text, shown);
-    return answer ? *answer : sdlMessageBox(owner, flags, text, shown);
+    const int result = answer ? *answer : sdlMessageBox(owner, flags, text, shown);
+    keyboard.noteHeldKeys();
+    return result;
 }
 
 } // namespace nui

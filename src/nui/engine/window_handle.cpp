@@ -159,8 +159,9 @@ void WindowHandle::noteEvent(std::uint8_t windowEvent)
 {
     switch (windowEvent) {
     case SDL_WINDOWEVENT_HIDDEN:
-        // What no event would take back must not come from a window that will be restored.
-        hidden = hidden || askedToHide_ || !minimizingHides();
+        // Window systems hide what is minimised, or whose owner is, and tell it no other way; but
+        // no event takes the mark back.
+        hidden = hidden || askedToHide_;
         break;
     case SDL_WINDOWEVENT_MINIMIZED:
         minimized = true;

@@ -39,6 +39,9 @@ void KeyboardPath::handleKey(const SDL_KeyboardEvent& key)
     if (!screen)
         return;
     const bool down = key.type == SDL_KEYDOWN;
+    // Of a window that has gone, SDL's own releases do not get here.
+    if (!down)
+        std::erase(heldKeys_, key.keysym.sym);
     if (const WidgetPtr widget = target(screen)) {
         SDL_StartTextInput();
         KeyboardEvent event(down ? keyboard::Down : keyboard::Up);
@@ -62,9 +65,18 @@ void KeyboardPath::noteHeldKeys()
     std::ranges::copy_if(Pressing, std::back_inserter(heldKeys_), isKeyDown);
 }
 
-void KeyboardPath::forgetReleasedKeys()
+std::vector<std::int32_t> KeyboardPath::releasedKeys() const
 {
-    std::erase_if(heldKeys_, [](std::int32_t key) { return !isKeyDown(key); });
+    std::vector<std::int32_t> released;
+    std::ranges::remove_copy_if(heldKeys_, std::back_inserter(released), isKeyDown);
+    return released;
+}
+
+void KeyboardPath::forgetHeldKeys(const std::vector<std::int32_t>& released)
+{
+    std::erase_if(heldKeys_, [&released](std::int32_t key) {
+        return std::ranges::find(released, key) != released.end();
+    });
 }
 
 bool KeyboardPath::isRepeated(const SDL_KeyboardEvent& key) const

@@ -34,11 +34,13 @@ public:
     /// Takes the focus from a tree that is about to go from its screen.
     void forgetTree(Widget& root);
 
-    /// A window opens or closes: the keys that are down were not meant for what has the keyboard
-    /// next, and count as repeated until they are let go.
+    /// A window opens or closes, also one of the system's: the keys that are down were not meant
+    /// for what has the keyboard next, and count as repeated until they are let go.
     void noteHeldKeys();
-    /// With each turn of the loop, before its events.
-    void forgetReleasedKeys();
+    /// Those of them that are up. Their events may still be waiting.
+    [[nodiscard]] std::vector<std::int32_t> releasedKeys() const;
+    /// Once the events are handled that were waiting when the keys were up.
+    void forgetHeldKeys(const std::vector<std::int32_t>& released);
 
     /// Whether a widget took the focus during the event that is being handled.
     bool focusTaken = false;

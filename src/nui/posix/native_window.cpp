@@ -75,11 +75,6 @@ Rect outerRect(SDL_Window* window)
             client.height + frame.top + frame.bottom};
 }
 
-bool minimizingHides()
-{
-    return true; // X unmaps them
-}
-
 void enableNativeWindow(SDL_Window* /*window*/, bool /*enable*/) {}
 
 void setNativeOwner(SDL_Window* window, SDL_Window* owner)

@@ -129,11 +129,6 @@ Rect outerRect(SDL_Window* window)
     return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
 }
 
-bool minimizingHides()
-{
-    return false;
-}
-
 void enableNativeWindow(SDL_Window* window, bool enable)
 {
     EnableWindow(nativeOf(window), enable ? TRUE : FALSE);

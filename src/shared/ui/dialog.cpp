@@ -82,10 +82,12 @@ void dialog::onCancelClick(nui::WidgetEvent& event)
 
 void dialog::onKey(nui::WidgetEvent& event)
 {
-    if (static_cast<const nui::KeyboardEvent&>(event).key != SDLK_ESCAPE)
+    const auto& pressed = static_cast<const nui::KeyboardEvent&>(event);
+    if (pressed.key != SDLK_ESCAPE)
         return;
     event.consume();
-    self(event).on_cancel();
+    if (!pressed.repeat)
+        self(event).on_cancel();
 }
 
 void dialog::on_ok_pressed()

@@ -107,8 +107,8 @@ protected:
 
     static bool& obsolete()
     {
-        static bool answer = false;
-        return answer;
+        static bool is_obsolete = false;
+        return is_obsolete;
     }
 
     /// As the system would list it from an earlier run.
