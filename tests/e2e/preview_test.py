@@ -168,23 +168,28 @@ class Preview(unittest.TestCase):
 
     def test_faults_of_a_file_are_told_with_their_place(self):
         screen = '"id": "a", "class": "Screen"'
+        # With how many widgets there are all the same.
         faults = {
-            '{"widgets": [\n  {"id": 1,, }]}': ("layout.json:2:", "JSON"),
-            '{"widgets": [\n{"id": "a", "class": "Scren"}]}': ("layout.json:2:", "Scren"),
-            f'{{"widgets": [{{{screen}, "visibility": 3}}]}}': ("layout.json:1:", "visibility"),
-            f'{{"widgets": [{{{screen}, "children": [{{"template": "no_one"}}]}}]}}':
-                ("layout.json:1:", "no_one"),
+            '{"widgets": [\n  {"id": 1,, }]}': ("layout.json:2:", "JSON", 0),
+            '{"widgets": [\n{"id": "a", "class": "Scren"}]}': ("layout.json:2:", "Scren", 0),
+            f'{{"widgets": [{{{screen}, "visibility": 3}}]}}': ("layout.json:1:", "visibility", 1),
+            f'{{"widgets": [{{{screen}, "children": [{{"template": "no_one"}}, '
+            '{"class": "Widget"}]}]}': ("layout.json:1:", "no_one", 2),
             f'{{"include": ["gone.json"], "widgets": [{{{screen}}}]}}':
-                ("layout.json:1:", "gone.json"),
-            '{"widgets": []}': ("layout.json", "no widget"),
+                ("layout.json:1:", "gone.json", 1),
+            '{"widgets": []}': ("layout.json", "no widget", 0),
         }
-        for text, told in faults.items():
+        tree = self.folder / "tree.json"
+        for text, (place, told, count) in faults.items():
             layout = self.write("layout.json", text)
-            ended = self.preview(layout, "--tree", self.folder / "tree.json")
+            ended = self.preview(layout, "--tree", tree)
             self.assertEqual(ended.returncode, 1, text)
-            for part in told:
-                self.assertIn(part, ended.stderr)
-            self.assertFalse((self.folder / "tree.json").exists())
+            self.assertIn(place, ended.stderr)
+            self.assertIn(told, ended.stderr)
+            self.assertEqual(tree.exists(), count > 0, text)
+            if count > 0:
+                self.assertEqual(len(list(widgets(json.loads(tree.read_text())))), count, text)
+                tree.unlink()
         self.write("langfile.txt", "key\ten\nHello\n")
         ended = self.preview(SAMPLES / "borders.json", "--resources", self.folder, "--tree",
                              self.folder / "tree.json")

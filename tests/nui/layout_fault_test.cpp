@@ -1,8 +1,10 @@
 #include "support/nui/layout.h"
 #include "support/nui/layout_folder.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 namespace {
@@ -53,7 +55,33 @@ TEST_F(layout_fault_test, includes_in_a_circle_and_endless_nesting_are_told_and_
     for (int depth = 0; depth < 250; ++depth)
         nested = "{'class': 'Container', 'children': [" + nested + "]}";
     EXPECT_EQ(faults("{'widgets': [" + nested + "]}"),
-              "main.json:1:7214: widgets are nested more than 200 deep\n");
+              "main.json:1:7214: widgets and menus may not be nested more than 200 deep\n");
+    std::string menu = "{'text': 'x'}";
+    for (int depth = 0; depth < 200; ++depth)
+        menu = "{'children': [" + menu + "]}";
+    EXPECT_EQ(faults("{'menus': [" + menu + "]}"),
+              "main.json:1:2812: widgets and menus may not be nested more than 200 deep\n");
+}
+
+TEST_F(layout_fault_test, references_to_each_other_make_nothing_deeper_than_nesting_can)
+{
+    std::string chains[3];
+    for (int link = 0; link <= 200; ++link) {
+        const std::string id = std::to_string(link);
+        const std::string last = std::to_string(link - 1);
+        const std::string separator = link == 0 ? "" : ",";
+        chains[0] += separator + "{'class': 'Container', 'id': '" + id + "', 'children': ['#" +
+                     last + "']}";
+        chains[1] += separator + "{'id': '" + id + "', 'children': ['" + last + "']}";
+        chains[2] += separator + "{'class': 'Container', 'id': '" + id +
+                     "', 'children': [{'template': '" + last + "'}]}";
+    }
+    const char* const lists[] = {"widgets", "menus", "templates"};
+    for (int i = 0; i < 3; ++i) {
+        const std::string told = faults("{'" + std::string(lists[i]) + "': [" + chains[i] + "]}");
+        EXPECT_THAT(told, testing::EndsWith(" may not be nested more than 200 deep\n"));
+        EXPECT_EQ(std::ranges::count(told, '\n'), 2) << "the first one's, and the last one's";
+    }
 }
 
 TEST_F(layout_fault_test, names_that_nobody_knows_are_told)

@@ -49,17 +49,17 @@ bool Container::sizeChildren(std::uint32_t flags)
     // Listeners that change the tree meanwhile must not disturb the pass.
     const std::vector<WidgetPtr> children = children_;
     const Axis main = mainAxis();
-    float remaining = extent(main) - padding.both(main, extent(main));
-    float weightTotal = 0;
+    Room room;
+    room.remaining = extent(main) - padding.both(main, extent(main));
     for (const WidgetPtr& child : children)
-        sizeChild(*child, flags, remaining, weightTotal);
+        sizeChild(*child, flags, room);
 
     layoutValid_ = true;
     for (const WidgetPtr& child : children) {
         if (child->visibility == visibility::Collapsed)
             continue;
-        if (child->mode(main) == Weight && weightTotal != 0)
-            child->extent(main) = remaining * child->value(main) / weightTotal;
+        if (child->mode(main) == Weight && room.weightTotal != 0)
+            child->extent(main) = room.remaining * child->value(main) / room.weightTotal;
         if (!child->layout(flags))
             layoutValid_ = false;
     }
@@ -68,8 +68,8 @@ bool Container::sizeChildren(std::uint32_t flags)
     return layoutValid_;
 }
 
-/// The first pass for one child. `remaining` and `weightTotal` gather what the second one needs.
-void Container::sizeChild(Widget& child, std::uint32_t flags, float& remaining, float& weightTotal)
+/// The first pass for one child.
+void Container::sizeChild(Widget& child, std::uint32_t flags, Room& room)
 {
     const Axis main = mainAxis();
     const SizeMode mainMode = child.mode(main);
@@ -88,7 +88,10 @@ void Container::sizeChild(Widget& child, std::uint32_t flags, float& remaining, 
         if (mainMode == Percent) {
             child.extent(main) = extent(main) * child.value(main);
         } else if (mainMode == Weight) {
-            const float provisional = provisionalWeightSize(child);
+            if (!room.isEstimated)
+                estimate(room);
+            const float provisional =
+                child.value(main) * room.estimatedRest / room.estimatedWeights;
             if (provisional > 0)
                 child.extent(main) = provisional;
         }
@@ -107,10 +110,10 @@ void Container::sizeChild(Widget& child, std::uint32_t flags, float& remaining, 
     if (!child.isInFlow() || child.isOverlay())
         return;
     if (mainMode == Weight)
-        weightTotal += child.value(main);
+        room.weightTotal += child.value(main);
     else
-        remaining -= child.extent(main);
-    remaining -= child.margin.both(main, extent(main));
+        room.remaining -= child.extent(main);
+    room.remaining -= child.margin.both(main, extent(main));
 }
 
 void Container::sizeAcross(Widget& child)
@@ -123,30 +126,33 @@ void Container::sizeAcross(Widget& child)
         child.extent(cross) = own - child.margin.both(cross, own) - padding.both(cross, own);
 }
 
-/// What a weighted child would get if all others had the sizes that their keys say; -1 if that
-/// cannot be told. Only an estimate for what the child measures meanwhile, so it knows no padding.
-float Container::provisionalWeightSize(const Widget& child)
+/// What the weighted children would share if all others had the sizes that their keys say; nothing
+/// if that cannot be told. Only an estimate for what they measure meanwhile, so it knows no padding.
+void Container::estimate(Room& room)
 {
+    room.isEstimated = true;
     const Axis main = mainAxis();
-    const float room = extent(main);
-    float rest = room;
+    const float own = extent(main);
+    float rest = own;
     float weights = 0;
-    for (const WidgetPtr& sibling : children_) {
-        if (sibling->visibility == visibility::Collapsed)
+    for (const WidgetPtr& child : children_) {
+        if (child->visibility == visibility::Collapsed)
             continue;
-        if (sibling->mode(main) == Percent) {
-            rest -= room * sibling->value(main);
+        const SizeMode mode = child->mode(main);
+        if (mode == Percent) {
+            rest -= own * child->value(main);
             continue;
         }
-        rest -= sibling->margin.both(main, room);
-        if (sibling->mode(main) == Px)
-            rest -= sibling->value(main);
-        else if (sibling->mode(main) == Weight)
-            weights += sibling->value(main);
+        if (mode != Px && mode != Weight)
+            return;
+        rest -= child->margin.both(main, own);
+        if (mode == Px)
+            rest -= child->value(main);
         else
-            return -1;
+            weights += child->value(main);
     }
-    return child.value(main) * rest / weights;
+    room.estimatedRest = rest;
+    room.estimatedWeights = weights;
 }
 
 } // namespace nui

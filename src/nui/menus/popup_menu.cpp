@@ -1,6 +1,9 @@
 #include "nui/menus/popup_menu.h"
 
+#include "nui/reader/layout_loader.h"
 #include "nui/reader/nui_reader.h"
+
+#include <algorithm>
 
 namespace nui {
 
@@ -39,13 +42,17 @@ void PopupMenu::read(NuiReader& reader)
     reader.readString(defaultTextKey_, "defaultTextKey", true);
     reader.readBool(defaultRadio_, "defaultRadio");
     reader.readString(id, "id", false);
+    const LayoutLoader::Level level(reader.loader());
     for (auto item = reader.children(); item; item = item->next())
         readChild(*item);
 }
 
 void PopupMenu::readChild(NuiReader& reader)
 {
-    if (const PopupMenuPtr shared = reader.menuRefHere()) {
+    const PopupMenuPtr shared = reader.menuRefHere();
+    if (!reader.loader().hasRoom(reader, shared ? shared->levels() : 1))
+        return;
+    if (shared) {
         add(shared);
         // It may open from several menus, and what happens in it ends there.
         shared->parent = nullptr;
@@ -61,6 +68,16 @@ void PopupMenu::readChild(NuiReader& reader)
     if (!defaultTextKey_.empty() && item->text().empty() && !item->name.empty())
         item->setTextKey(withName(defaultTextKey_, item->name));
     add(std::move(item));
+}
+
+int PopupMenu::levels() const
+{
+    int deepest = 0;
+    for (const PopupMenuItemPtr& child : children_) {
+        if (const auto* const menu = dynamic_cast<const PopupMenu*>(child.get()))
+            deepest = std::max(deepest, menu->levels());
+    }
+    return deepest + 1;
 }
 
 void PopupMenu::reloadText()

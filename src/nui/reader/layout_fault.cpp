@@ -20,7 +20,7 @@ std::string whatIsWrong(const LayoutFault& fault)
     case CircularInclude:
         return "the included file " + quoted(fault.detail) + " includes this one";
     case TooDeep:
-        return "widgets are nested more than " + fault.detail + " deep";
+        return "widgets and menus may not be nested more than " + fault.detail + " deep";
     case Syntax:
         return "this is no JSON: " + fault.detail;
     case NotAnObject:

@@ -12,7 +12,7 @@ struct LayoutFault {
         MissingFile,
         MissingInclude,
         CircularInclude,
-        TooDeep, ///< the detail is how deep widgets may be
+        TooDeep, ///< the detail is how deep widgets and menus may be
         Syntax,
         NotAnObject,
         ConfigWithoutResources,

@@ -5,6 +5,7 @@
 #include "nui/reader/nui_reader.h"
 #include "nui/reader/resource_path.h"
 #include "nui/reader/widget_registry.h"
+#include "nui/widgets/container.h"
 
 #include <utility>
 
@@ -49,12 +50,10 @@ bool LayoutLoader::loadFile(IncludeCache& cache, WidgetMap* target)
 
 WidgetPtr LayoutLoader::build(NuiReader& reader, Widget* parent)
 {
-    if (depth_ == MaxDepth) {
-        reader.reportFault(LayoutFault::Kind::TooDeep, std::to_string(MaxDepth), nullptr);
-        return nullptr;
-    }
     const char* const className = reader.className();
     const WidgetPtr source = reader.templateWidget();
+    if (!hasRoom(reader, source ? levelsOf(*source) : 1))
+        return nullptr;
     WidgetPtr widget = make(className, source);
     if (!widget) {
         if (className != nullptr)
@@ -64,9 +63,10 @@ WidgetPtr LayoutLoader::build(NuiReader& reader, Widget* parent)
         return nullptr;
     }
     widget->parent = parent;
-    ++depth_;
-    widget->read(reader);
-    --depth_;
+    {
+        const Level level(*this);
+        widget->read(reader);
+    }
     if (source) {
         if (widget->stateTemplates)
             widget->stateTemplates->normal = source;
@@ -76,6 +76,14 @@ WidgetPtr LayoutLoader::build(NuiReader& reader, Widget* parent)
     if (reloading_)
         reloadList_.push_back(widget.get());
     return widget;
+}
+
+bool LayoutLoader::hasRoom(NuiReader& reader, int levels) const
+{
+    if (depth_ + levels <= MaxDepth)
+        return true;
+    reader.reportFault(LayoutFault::Kind::TooDeep, std::to_string(MaxDepth), nullptr);
+    return false;
 }
 
 WidgetPtr LayoutLoader::make(const char* className, const WidgetPtr& source)

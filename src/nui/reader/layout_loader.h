@@ -45,13 +45,28 @@ public:
     /// Builds the widget of the reader's object, for containers that read their children. Null
     /// when the object names nothing that can be built.
     WidgetPtr build(NuiReader& reader, Widget* parent);
+    /// Whether something of so many levels, counted with itself, may stand where the reader is.
+    /// What may not is a fault of the reader's object.
+    [[nodiscard]] bool hasRoom(NuiReader& reader, int levels) const;
+
+    /// While it lives, what is read stands one level deeper. For widgets and menus.
+    class Level {
+    public:
+        explicit Level(LayoutLoader& loader) : depth_(loader.depth_) { ++depth_; }
+        ~Level() { --depth_; }
+        Level(const Level&) = delete;
+        Level& operator=(const Level&) = delete;
+
+    private:
+        int& depth_;
+    };
 
     // The file's widgets, menus and texts are filled in by these, from the reader's files.
     friend class LayoutFile;
 
 private:
-    /// How deep widgets may be nested. No layout comes near it, and each level takes its part of
-    /// the stack whenever the tree is gone through.
+    /// How deep widgets may be nested, and menus, also by way of what they refer to. No layout
+    /// comes near it, and each level takes its part of the stack whenever the tree is gone through.
     static constexpr int MaxDepth = 200;
 
     [[nodiscard]] static WidgetPtr make(const char* className, const WidgetPtr& source);
@@ -67,7 +82,7 @@ private:
     IncludeCache reloadCache_;
     FaultListener faultListener_;
     std::set<std::string> loading_; ///< paths of the included files that are being read
-    int depth_ = 0;                 ///< of the widget that is being built
+    int depth_ = 0;                 ///< of what is being read
 };
 
 } // namespace nui

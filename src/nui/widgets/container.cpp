@@ -146,7 +146,8 @@ void Container::readChildren(NuiReader& reader)
 {
     for (auto item = reader.children(); item; item = item->next()) {
         if (WidgetPtr shared = item->widgetRefHere()) {
-            add(std::move(shared));
+            if (reader.loader().hasRoom(*item, levelsOf(*shared)))
+                add(std::move(shared));
             continue;
         }
         const WidgetPtr child = reader.loader().build(*item, nullptr);
@@ -309,7 +310,8 @@ bool Container::replace(const Widget* child, WidgetPtr replacement)
         return false;
     std::erase(children_, replacement == found ? nullptr : replacement);
     const auto place = std::find(children_.begin(), children_.end(), found);
-    found->parent = nullptr;
+    if (found->parent == this)
+        found->parent = nullptr;
     replacement->parent = this;
     *place = std::move(replacement);
     return true;
@@ -344,6 +346,16 @@ void Container::buildForm()
 {
     form.reset();
     form = std::make_unique<Form>(*this);
+}
+
+int levelsOf(const Widget& widget)
+{
+    int deepest = 0;
+    if (const auto* const container = dynamic_cast<const Container*>(&widget)) {
+        for (const WidgetPtr& child : container->children())
+            deepest = std::max(deepest, levelsOf(*child));
+    }
+    return deepest + 1;
 }
 
 } // namespace nui

@@ -111,14 +111,23 @@ protected:
     void resolveOwn(std::uint32_t flags);
 
 private:
+    /// What one pass over the children gathers along the main axis, in pixels and weights.
+    struct Room {
+        float remaining = 0; ///< for the weighted children
+        float weightTotal = 0;
+        bool isEstimated = false;
+        float estimatedRest = 0; ///< as is, no estimate
+        float estimatedWeights = 1;
+    };
+
     void adopt(const Container& other);
     void readChildren(NuiReader& reader);
     // layout/size_pass.cpp
     [[nodiscard]] bool learnSize(std::uint32_t flags);
     bool sizeChildren(std::uint32_t flags);
-    void sizeChild(Widget& child, std::uint32_t flags, float& remaining, float& weightTotal);
+    void sizeChild(Widget& child, std::uint32_t flags, Room& room);
     void sizeAcross(Widget& child);
-    [[nodiscard]] float provisionalWeightSize(const Widget& child);
+    void estimate(Room& room);
     // layout/measure.cpp
     bool measureChild(Widget& child, Axis axis, bool sum);
     // scrolling.cpp
@@ -138,5 +147,8 @@ private:
     bool layoutValid_ = false;
     KnownSizes knownSizes_;
 };
+
+/// How many widgets are nested in each other from this one down, itself included.
+[[nodiscard]] int levelsOf(const Widget& widget);
 
 } // namespace nui

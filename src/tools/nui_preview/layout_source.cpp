@@ -104,13 +104,11 @@ loaded_layout load_layout(const std::string& file, const std::optional<window_si
     if (!read && loaded.faults.empty()) {
         loaded.faults.push_back(file + ": the file cannot be read as a layout file.");
     }
-    if (!loaded.faults.empty()) {
-        return loaded;
-    }
     loaded.screen = pick_screen(widgets, loader.pack().widgets);
-    if (!loaded.screen) {
+    if (!loaded.screen && loaded.faults.empty()) {
         loaded.faults.push_back(file + ": the file has no widget to show.");
-    } else if (size) {
+    }
+    if (loaded.screen && size) {
         loaded.screen->setWidth({static_cast<float>(size->width), nui::Px});
         loaded.screen->setHeight({static_cast<float>(size->height), nui::Px});
     }

@@ -11,7 +11,7 @@ namespace nrd::tools::preview {
 
 /// What came of reading a layout file.
 struct loaded_layout {
-    nui::ScreenPtr screen;            ///< unopened; null if there is a fault
+    nui::ScreenPtr screen;            ///< unopened; null if faults left nothing to show
     std::vector<std::string> faults;  ///< sentences
     std::vector<std::string> remarks; ///< sentences about what is passed over
     std::vector<std::string> files;   ///< the file and all that it includes

@@ -119,16 +119,14 @@ exit_code preview::run_steps()
     if (options_.has_output()) {
         input.emplace();
     }
-    if (!open_layout()) {
-        return exit_code::faulty;
-    }
-    if (input) {
+    const bool is_sound = open_layout();
+    if (input && screen_) {
         player(*input).play(commands);
         write_outputs();
-    } else {
+    } else if (is_sound) {
         watch();
     }
-    return exit_code::done;
+    return is_sound ? exit_code::done : exit_code::faulty;
 }
 
 std::vector<play_command> preview::read_script() const
@@ -178,8 +176,10 @@ bool preview::open_layout()
         err_ << fault << "\n";
     }
     err_.flush();
-    if (!loaded.screen) {
-        return false;
+    const bool is_sound = loaded.faults.empty();
+    // A window is not given up for half of a file that is being written.
+    if (!loaded.screen || (!is_sound && !options_.has_output())) {
+        return is_sound;
     }
     // The author is in an editor while the file changes.
     const bool in_front = !screen_ || screen_->window->keyboardFocus;
@@ -189,7 +189,7 @@ bool preview::open_layout()
         throw failure("The window could not be opened: " + reason_of(last_log_line()) + ".");
     }
     show(loaded.screen);
-    return true;
+    return is_sound;
 }
 
 void preview::show(const nui::ScreenPtr& next)

@@ -33,7 +33,7 @@ private:
     [[nodiscard]] std::vector<play_command> read_script() const;
     void start_toolkit();
     /// Opens the file's window in place of the one that is shown. False, with sentences, for a
-    /// faulty file; the window that is shown stays.
+    /// faulty file: outputs show what there is of it, else the window that is shown stays.
     bool open_layout();
     void show(const nui::ScreenPtr& next);
     void write_outputs() const;
