@@ -70,8 +70,8 @@ TEST_F(layout_fault_test, references_to_each_other_make_nothing_deeper_than_nest
         const std::string id = std::to_string(link);
         const std::string last = std::to_string(link - 1);
         const std::string separator = link == 0 ? "" : ",";
-        chains[0] += separator + "{'class': 'Container', 'id': '" + id + "', 'children': ['#" +
-                     last + "']}";
+        chains[0] +=
+            separator + "{'class': 'Container', 'id': '" + id + "', 'children': ['#" + last + "']}";
         chains[1] += separator + "{'id': '" + id + "', 'children': ['" + last + "']}";
         chains[2] += separator + "{'class': 'Container', 'id': '" + id +
                      "', 'children': [{'template': '" + last + "'}]}";

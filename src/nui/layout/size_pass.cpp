@@ -127,7 +127,8 @@ void Container::sizeAcross(Widget& child)
 }
 
 /// What the weighted children would share if all others had the sizes that their keys say; nothing
-/// if that cannot be told. Only an estimate for what they measure meanwhile, so it knows no padding.
+/// if that cannot be told. Only an estimate for what they measure meanwhile, so it knows no
+/// padding.
 void Container::estimate(Room& room)
 {
     room.isEstimated = true;
