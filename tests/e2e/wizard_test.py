@@ -162,6 +162,24 @@ class Installs(WizardTest):
             wizard.press("Return")
             wizard.wait_for_page("end_main")
 
+    def test_a_key_that_is_held_in_the_folder_picker_presses_nothing_behind_it(self):
+        self.package.add(0, install_xml())
+        (self.machine.drive / "Tools").mkdir()
+        self.prepare_picker("Tools", seconds=1)
+        with self.start() as wizard:
+            wizard.wait_for_page()
+            wizard.press("shift+Tab", "Return")
+            wizard.wait_for_line("Welcome tab browse clicked.")
+            if IS_WINDOWS:
+                wizard.wait_for_window("Select Folder")
+                wizard.write("C:\\Tools")
+            with wizard.holding("Return"):
+                wizard.wait_for_line("Welcome tab folder picked.")
+                time.sleep(1)
+            self.expect_none(wizard, "Welcome tab install clicked.")
+            wizard.press("Return")
+            wizard.wait_for_page("end_main")
+
     def test_nothing_happens_to_the_machine_when_the_user_goes_away(self):
         self.package.add(0, install_xml())
         with self.start() as wizard:
@@ -205,14 +223,21 @@ class Installs(WizardTest):
             self.assertEqual(self.machine.uninstall_values(name)["InstallLocation"],
                              '"C:\\Tools\\Both\\"')
 
+    def prepare_picker(self, folder, seconds=0):
+        """Where the desktop brings the picker, one that prints what was picked; before a start."""
+        if IS_WINDOWS:
+            return
+        programs = self.machine.folder / "bin"
+        programs.mkdir(exist_ok=True)
+        self.machine.environment["PATH"] = f"{programs}:{os.environ['PATH']}"
+        answer = f"echo {self.machine.drive / folder}" if folder else "exit 1"
+        stand_in = programs / "zenity"
+        stand_in.write_text(f"#!/bin/sh\nsleep {seconds}\n{answer}\n")
+        stand_in.chmod(0o755)
+
     def pick_folder(self, wizard, folder):
         """Picks a folder of drive C: after a click on the button; none is to cancel."""
-        stand_in = self.machine.folder / "bin" / "zenity"
-        if not IS_WINDOWS:
-            # The desktop's picker, which prints what was picked.
-            answer = f"echo {self.machine.drive / folder}" if folder else "exit 1"
-            stand_in.write_text(f"#!/bin/sh\n{answer}\n")
-            stand_in.chmod(0o755)
+        self.prepare_picker(folder)
         wizard.click("welcome_main", "browse_button")
         if IS_WINDOWS:
             wizard.wait_for_window("Select Folder")
@@ -223,9 +248,7 @@ class Installs(WizardTest):
     def test_a_picked_folder_gets_the_products_name_behind_it(self):
         self.package.add(0, install_xml())
         (self.machine.drive / "Tools").mkdir()
-        if not IS_WINDOWS:
-            (self.machine.folder / "bin").mkdir()
-            self.machine.environment["PATH"] = f"{self.machine.folder / 'bin'}:{os.environ['PATH']}"
+        self.prepare_picker(None)
         asked = ["Welcome tab browse clicked.", "Welcome Tab default browse path.",
                  "Default path is parent path."]
         with self.start() as wizard:

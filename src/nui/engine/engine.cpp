@@ -15,7 +15,6 @@
 
 #include <stdexcept>
 #include <utility>
-#include <vector>
 
 namespace nui {
 
@@ -134,9 +133,9 @@ bool Engine::step()
     const bool tweening = tweens.update(delta);
     lastTick_ = now;
     timers_.dispatchDue(now);
-    const std::vector<std::int32_t> releasedKeys = keyboard.releasedKeys();
+    keyboard.markReleasedKeys();
     const bool buttonsTold = events_ && events_->handleAll();
-    keyboard.forgetHeldKeys(releasedKeys);
+    keyboard.forgetReleasedKeys();
     if (pointer.isDown() && !buttonsTold)
         pointer.refreshButtons();
     fastFrames_ = tweening || pointer.isDown() || keepFast_;
@@ -243,6 +242,13 @@ bool Engine::changeLanguageAndFont(const char* selectedLang, bool detectInputLan
 }
 
 /// What is open speaks the new language from the next frame on.
+void Engine::dropInput()
+{
+    SDL_PumpEvents();
+    SDL_FlushEvents(SDL_KEYDOWN, SDL_MOUSEWHEEL);
+    keyboard.noteHeldKeys();
+}
+
 void Engine::reloadTexts()
 {
     for (const auto& [id, screen] : screens.all())

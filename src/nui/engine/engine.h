@@ -71,6 +71,9 @@ public:
     /// `flags` & 0xF0: 0x10 error, 0x20 warning, 0x30 information. Without a title the current
     /// screen's is shown. Answers 0 OK, 1 Cancel, 2 Yes, 3 No.
     int messageBox(std::uint32_t flags, const std::string& text, const char* title = nullptr);
+    /// After a modal dialog of the system's own: what was pressed meanwhile was not meant for the
+    /// toolkit's windows, and neither are the keys that are still held.
+    void dropInput();
     const TextureRef* loadTexture(const std::string& name);
     /// The file of an image, cursor or font: below the resource directory.
     [[nodiscard]] std::string resourcePath(const std::string& name) const;

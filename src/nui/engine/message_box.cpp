@@ -79,7 +79,7 @@ int Engine::messageBox(std::uint32_t flags, const std::string& text, const char*
     const std::string shown = title != nullptr ? title : own;
     const std::optional<int> answer = nativeMessageBox(owner, flags, text, shown);
     const int result = answer ? *answer : sdlMessageBox(owner, flags, text, shown);
-    keyboard.noteHeldKeys();
+    dropInput();
     return result;
 }
 

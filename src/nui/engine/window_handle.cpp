@@ -159,9 +159,9 @@ void WindowHandle::noteEvent(std::uint8_t windowEvent)
 {
     switch (windowEvent) {
     case SDL_WINDOWEVENT_HIDDEN:
-        // Window systems hide what is minimised, or whose owner is, and tell it no other way; but
-        // no event takes the mark back.
-        hidden = hidden || askedToHide_;
+        // Window systems also hide what is minimised, or whose owner is. No event takes the mark of
+        // being hidden back, so it is for what was asked for.
+        (askedToHide_ ? hidden : minimized) = true;
         break;
     case SDL_WINDOWEVENT_MINIMIZED:
         minimized = true;

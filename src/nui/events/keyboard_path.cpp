@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 #include <utility>
 
 namespace nui {
@@ -39,9 +38,10 @@ void KeyboardPath::handleKey(const SDL_KeyboardEvent& key)
     if (!screen)
         return;
     const bool down = key.type == SDL_KEYDOWN;
-    // Of a window that has gone, SDL's own releases do not get here.
+    // SDL's own releases, when a window loses the keyboard, do not get here: that window has gone,
+    // or is disabled, or the events were dropped.
     if (!down)
-        std::erase(heldKeys_, key.keysym.sym);
+        std::erase_if(heldKeys_, [&](const HeldKey& held) { return held.code == key.keysym.sym; });
     if (const WidgetPtr widget = target(screen)) {
         SDL_StartTextInput();
         KeyboardEvent event(down ? keyboard::Down : keyboard::Up);
@@ -62,26 +62,27 @@ void KeyboardPath::noteHeldKeys()
     constexpr std::array<std::int32_t, 4> Pressing = {SDLK_RETURN, SDLK_KP_ENTER, SDLK_SPACE,
                                                       SDLK_ESCAPE};
     heldKeys_.clear();
-    std::ranges::copy_if(Pressing, std::back_inserter(heldKeys_), isKeyDown);
+    for (const std::int32_t code : Pressing) {
+        if (isKeyDown(code))
+            heldKeys_.push_back({code, false});
+    }
 }
 
-std::vector<std::int32_t> KeyboardPath::releasedKeys() const
+void KeyboardPath::markReleasedKeys()
 {
-    std::vector<std::int32_t> released;
-    std::ranges::remove_copy_if(heldKeys_, std::back_inserter(released), isKeyDown);
-    return released;
+    for (HeldKey& held : heldKeys_)
+        held.released = !isKeyDown(held.code);
 }
 
-void KeyboardPath::forgetHeldKeys(const std::vector<std::int32_t>& released)
+void KeyboardPath::forgetReleasedKeys()
 {
-    std::erase_if(heldKeys_, [&released](std::int32_t key) {
-        return std::ranges::find(released, key) != released.end();
-    });
+    std::erase_if(heldKeys_, [](const HeldKey& held) { return held.released; });
 }
 
 bool KeyboardPath::isRepeated(const SDL_KeyboardEvent& key) const
 {
-    return key.repeat != 0 || std::ranges::find(heldKeys_, key.keysym.sym) != heldKeys_.end();
+    return key.repeat != 0 ||
+           std::ranges::find(heldKeys_, key.keysym.sym, &HeldKey::code) != heldKeys_.end();
 }
 
 void KeyboardPath::activateShortcut(const SDL_KeyboardEvent& key)

@@ -34,13 +34,13 @@ public:
     /// Takes the focus from a tree that is about to go from its screen.
     void forgetTree(Widget& root);
 
-    /// A window opens or closes, also one of the system's: the keys that are down were not meant
-    /// for what has the keyboard next, and count as repeated until they are let go.
+    /// A window opens or closes: the keys that are down were not meant for what has the keyboard
+    /// next, and count as repeated until they are let go.
     void noteHeldKeys();
-    /// Those of them that are up. Their events may still be waiting.
-    [[nodiscard]] std::vector<std::int32_t> releasedKeys() const;
-    /// Once the events are handled that were waiting when the keys were up.
-    void forgetHeldKeys(const std::vector<std::int32_t>& released);
+    /// Marks those of them that are up. Events of theirs may still be waiting.
+    void markReleasedKeys();
+    /// Once the events are handled that were waiting when the keys were marked.
+    void forgetReleasedKeys();
 
     /// Whether a widget took the focus during the event that is being handled.
     bool focusTaken = false;
@@ -54,8 +54,13 @@ private:
     [[nodiscard]] bool isRepeated(const SDL_KeyboardEvent& key) const;
     void activateShortcut(const SDL_KeyboardEvent& key);
 
+    struct HeldKey {
+        std::int32_t code = 0; ///< SDL_Keycode
+        bool released = false;
+    };
+
     Engine& engine_;
-    std::vector<std::int32_t> heldKeys_; ///< SDL_Keycodes
+    std::vector<HeldKey> heldKeys_;
 };
 
 } // namespace nui

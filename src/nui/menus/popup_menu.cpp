@@ -1,9 +1,8 @@
 #include "nui/menus/popup_menu.h"
 
 #include "nui/reader/layout_loader.h"
+#include "nui/reader/nesting.h"
 #include "nui/reader/nui_reader.h"
-
-#include <algorithm>
 
 namespace nui {
 
@@ -50,7 +49,7 @@ void PopupMenu::read(NuiReader& reader)
 void PopupMenu::readChild(NuiReader& reader)
 {
     const PopupMenuPtr shared = reader.menuRefHere();
-    if (!reader.loader().hasRoom(reader, shared ? shared->levels() : 1))
+    if (!reader.loader().hasRoom(reader, shared ? levelsOf(*shared) : 1))
         return;
     if (shared) {
         add(shared);
@@ -68,16 +67,6 @@ void PopupMenu::readChild(NuiReader& reader)
     if (!defaultTextKey_.empty() && item->text().empty() && !item->name.empty())
         item->setTextKey(withName(defaultTextKey_, item->name));
     add(std::move(item));
-}
-
-int PopupMenu::levels() const
-{
-    int deepest = 0;
-    for (const PopupMenuItemPtr& child : children_) {
-        if (const auto* const menu = dynamic_cast<const PopupMenu*>(child.get()))
-            deepest = std::max(deepest, menu->levels());
-    }
-    return deepest + 1;
 }
 
 void PopupMenu::reloadText()

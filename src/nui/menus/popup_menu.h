@@ -27,8 +27,6 @@ public:
     void add(PopupMenuItemPtr item);
     [[nodiscard]] const std::vector<PopupMenuItemPtr>& children() const { return children_; }
     [[nodiscard]] bool isBar() const { return isBar_; }
-    /// How many menus are nested in each other from this one down, itself included.
-    [[nodiscard]] int levels() const;
 
     /// Handle of the native menu, made on first request with what the items are by then. The
     /// engine knows the menu from then on.

@@ -2,10 +2,10 @@
 
 #include "nui/engine/engine.h"
 #include "nui/reader/layout_file.h"
+#include "nui/reader/nesting.h"
 #include "nui/reader/nui_reader.h"
 #include "nui/reader/resource_path.h"
 #include "nui/reader/widget_registry.h"
-#include "nui/widgets/container.h"
 
 #include <utility>
 
@@ -52,8 +52,6 @@ WidgetPtr LayoutLoader::build(NuiReader& reader, Widget* parent)
 {
     const char* const className = reader.className();
     const WidgetPtr source = reader.templateWidget();
-    if (!hasRoom(reader, source ? levelsOf(*source) : 1))
-        return nullptr;
     WidgetPtr widget = make(className, source);
     if (!widget) {
         if (className != nullptr)
@@ -62,6 +60,8 @@ WidgetPtr LayoutLoader::build(NuiReader& reader, Widget* parent)
             reader.reportFault(LayoutFault::Kind::NoClass, {}, nullptr);
         return nullptr;
     }
+    if (!hasRoom(reader, source ? levelsOf(*widget) : 1))
+        return nullptr;
     widget->parent = parent;
     {
         const Level level(*this);

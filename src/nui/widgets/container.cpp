@@ -5,6 +5,7 @@
 #include "nui/events/dispatch.h"
 #include "nui/layout/placing_pass.h"
 #include "nui/reader/layout_loader.h"
+#include "nui/reader/nesting.h"
 #include "nui/reader/nui_reader.h"
 #include "nui/widgets/overlay.h"
 
@@ -346,16 +347,6 @@ void Container::buildForm()
 {
     form.reset();
     form = std::make_unique<Form>(*this);
-}
-
-int levelsOf(const Widget& widget)
-{
-    int deepest = 0;
-    if (const auto* const container = dynamic_cast<const Container*>(&widget)) {
-        for (const WidgetPtr& child : container->children())
-            deepest = std::max(deepest, levelsOf(*child));
-    }
-    return deepest + 1;
 }
 
 } // namespace nui

@@ -116,7 +116,7 @@ private:
         float remaining = 0; ///< for the weighted children
         float weightTotal = 0;
         bool isEstimated = false;
-        float estimatedRest = 0; ///< as is, no estimate
+        float estimatedRest = 0; ///< stays 0 where there is no estimate, which sizes nothing
         float estimatedWeights = 1;
     };
 
@@ -147,8 +147,5 @@ private:
     bool layoutValid_ = false;
     KnownSizes knownSizes_;
 };
-
-/// How many widgets are nested in each other from this one down, itself included.
-[[nodiscard]] int levelsOf(const Widget& widget);
 
 } // namespace nui

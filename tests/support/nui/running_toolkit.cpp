@@ -121,11 +121,12 @@ void RunningToolkit::wheel(int notches)
     turn();
 }
 
-void RunningToolkit::key(std::int32_t keycode, std::uint16_t modifiers)
+void RunningToolkit::key(std::int32_t keycode, std::uint16_t modifiers, bool repeat)
 {
     SDL_Event event = {};
     event.key.type = SDL_KEYDOWN;
     event.key.windowID = target->windowId();
+    event.key.repeat = repeat ? 1 : 0;
     event.key.keysym.sym = keycode;
     event.key.keysym.mod = modifiers;
     SDL_PushEvent(&event);

@@ -53,7 +53,7 @@ public:
     void click(int x, int y, std::uint8_t button = 1);
     void release(std::uint8_t button = 1, std::uint8_t clicks = 1);
     void wheel(int notches);
-    void key(std::int32_t keycode, std::uint16_t modifiers = 0);
+    void key(std::int32_t keycode, std::uint16_t modifiers = 0, bool repeat = false);
     /// One after the other.
     void keys(std::initializer_list<Key> pressed);
     void type(const std::string& text);

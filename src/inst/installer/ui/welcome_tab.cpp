@@ -195,7 +195,7 @@ void welcome_tab::browse()
 {
     installer_log("Welcome tab browse clicked.");
     const std::optional<misc::path> picked = pick_folder(model_->default_browse_path());
-    nui::engine().keyboard.noteHeldKeys();
+    nui::engine().dropInput();
     if (!picked) {
         return;
     }

@@ -3,7 +3,6 @@
 #include "misc/host_file_system.h"
 #include "streams/installer_log.h"
 
-#include <SDL_events.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -99,9 +98,6 @@ std::optional<misc::path> pick_folder(const misc::path& start)
         while (given->text.ends_with('\n')) {
             given->text.pop_back();
         }
-        // What was done to the window meanwhile was not meant for it.
-        SDL_PumpEvents();
-        SDL_FlushEvents(SDL_KEYDOWN, SDL_MOUSEWHEEL);
         if (WIFEXITED(given->status) && WEXITSTATUS(given->status) == cancelled) {
             return std::nullopt;
         }
