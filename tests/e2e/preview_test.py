@@ -10,7 +10,7 @@ from pathlib import Path
 
 from machine import IS_WINDOWS, PROGRAMS, SUFFIX, Machine
 from picture import Picture
-from wizard import take_picture, wait_for, xdotool
+from wizard import WizardFailure, take_picture, wait_for, xdotool
 
 SAMPLES = PROGRAMS / "resources" / "samples"
 TREES = Path(__file__).parent / "preview_trees"
@@ -235,8 +235,13 @@ class Preview(unittest.TestCase):
         self.assertIsNone(running.poll())
 
     def test_a_window_shows_itself_whenever_it_is_laid_bare(self):
-        below, above = (self.open_window(title, colour)
-                        for title, colour in (("below", "#FF0000"), ("above", "#0000FF")))
+        windows = []
+        for title, colour, seen in (("below", "#FF0000", b"\xff\0\0"),
+                                    ("above", "#0000FF", b"\0\0\xff")):
+            windows.append(self.open_window(title, colour))
+            # Not moved before it stands where the program wants it.
+            self.wait_for_colour(windows[-1], seen)
+        below, above = windows
         for window in (below, above):
             xdotool("windowmove", "--sync", window, 100, 100)
         xdotool("windowraise", above)
@@ -264,19 +269,29 @@ class Preview(unittest.TestCase):
         return running
 
     def open_window(self, title, colour):
-        self.start(self.write(f"{title}.json", json.dumps({"widgets": [
-            {"id": title, "class": "Screen", "windowTitle": title, "windowWidth": 300,
-             "windowHeight": 200, "backgroundColor": colour}]})), self.folder / f"{title}.txt")
+        screen = {"id": title, "class": "Screen", "windowTitle": title, "windowWidth": 300,
+                  "windowHeight": 200, "resizable": True, "backgroundColor": colour}
+        self.start(self.write(f"{title}.json", json.dumps({"widgets": [screen]})),
+                   self.folder / f"{title}.txt")
         return wait_for(lambda: xdotool("search", "--onlyvisible", "--name", f"^{title}$"),
                         f"no window {title}")
 
     @staticmethod
     def wait_for_colour(window, *colours):
         """Waits until the window consists of these colours."""
+        seen = set()
+
         def has_them():
             pixels = take_picture(window, "rgb:-")
-            return {pixels[i:i + 3] for i in range(0, len(pixels), 3)} == set(colours)
-        wait_for(has_them, f"the window did not come to {colours}")
+            seen.clear()
+            seen.update(pixels[i:i + 3] for i in range(0, len(pixels), 3))
+            return seen == set(colours)
+
+        try:
+            wait_for(has_them, "")
+        except WizardFailure:
+            place = xdotool("getwindowgeometry", window)
+            raise WizardFailure(f"it shows {seen}, not {set(colours)}: {place}") from None
 
 
 @unittest.skipIf(IS_WINDOWS, "there is always a display on Windows")
