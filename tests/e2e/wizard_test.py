@@ -165,7 +165,8 @@ class Installs(WizardTest):
     def test_a_key_that_is_held_in_the_folder_picker_presses_nothing_behind_it(self):
         self.package.add(0, install_xml())
         (self.machine.drive / "Tools").mkdir()
-        self.prepare_picker("Tools", seconds=1)
+        held = self.machine.folder / "held"
+        self.prepare_picker("Tools", seen=held)
         with self.start() as wizard:
             wizard.wait_for_page()
             wizard.press("shift+Tab", "Return")
@@ -174,6 +175,7 @@ class Installs(WizardTest):
                 wizard.wait_for_window("Select Folder")
                 wizard.write("C:\\Tools")
             with wizard.holding("Return"):
+                held.touch()
                 wizard.wait_for_line("Welcome tab folder picked.")
                 time.sleep(1)
             self.expect_none(wizard, "Welcome tab install clicked.")
@@ -223,8 +225,11 @@ class Installs(WizardTest):
             self.assertEqual(self.machine.uninstall_values(name)["InstallLocation"],
                              '"C:\\Tools\\Both\\"')
 
-    def prepare_picker(self, folder, seconds=0):
-        """Where the desktop brings the picker, one that prints what was picked; before a start."""
+    def prepare_picker(self, folder, seen=None):
+        """Where the desktop brings the picker, one that prints what was picked; before a start.
+
+        It stays open until the file `seen` is there.
+        """
         if IS_WINDOWS:
             return
         programs = self.machine.folder / "bin"
@@ -232,7 +237,8 @@ class Installs(WizardTest):
         self.machine.environment["PATH"] = f"{programs}:{os.environ['PATH']}"
         answer = f"echo {self.machine.drive / folder}" if folder else "exit 1"
         stand_in = programs / "zenity"
-        stand_in.write_text(f"#!/bin/sh\nsleep {seconds}\n{answer}\n")
+        wait = f"until [ -e {seen} ]; do sleep 0.1; done" if seen else ""
+        stand_in.write_text(f"#!/bin/sh\n{wait}\n{answer}\n")
         stand_in.chmod(0o755)
 
     def pick_folder(self, wizard, folder):

@@ -128,6 +128,24 @@ TEST_F(pointer_test, a_captured_pointer_stays_with_its_widget_until_all_buttons_
     EXPECT_EQ(engine().pointer.pressed(), nullptr);
 }
 
+TEST_F(pointer_test, a_button_that_goes_up_in_a_dialog_of_the_system_lets_go_and_releases_nothing)
+{
+    log.listenAndCapture(*screen->findByName("left"));
+    toolkit.press(10, 10);
+    (void)log.take();
+    SDL_Event event = {};
+    event.button.type = SDL_MOUSEBUTTONUP;
+    event.button.windowID = screen->windowId();
+    event.button.button = SDL_BUTTON_LEFT;
+    SDL_PushEvent(&event);
+    engine().dropInput();
+    toolkit.frame();
+    EXPECT_EQ(log.takeWithoutHover(), "");
+    EXPECT_EQ(engine().pointer.captured(), nullptr);
+    EXPECT_EQ(engine().pointer.pressed(), nullptr);
+    EXPECT_EQ(looks(), "21");
+}
+
 TEST_F(pointer_test, a_stopped_release_is_no_click)
 {
     log.stopAt("left", nui::touch::Release, 1);

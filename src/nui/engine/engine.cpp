@@ -241,14 +241,19 @@ bool Engine::changeLanguageAndFont(const char* selectedLang, bool detectInputLan
     return changed;
 }
 
-/// What is open speaks the new language from the next frame on.
 void Engine::dropInput()
 {
     SDL_PumpEvents();
-    SDL_FlushEvents(SDL_KEYDOWN, SDL_MOUSEWHEEL);
+    if (SDL_HasEvent(SDL_MOUSEBUTTONUP) == SDL_TRUE)
+        pointer.letGo();
+    // What ends a composition stays.
+    SDL_FlushEvents(SDL_KEYDOWN, SDL_KEYUP);
+    SDL_FlushEvent(SDL_TEXTINPUT);
+    SDL_FlushEvents(SDL_MOUSEMOTION, SDL_MOUSEWHEEL);
     keyboard.noteHeldKeys();
 }
 
+/// What is open speaks the new language from the next frame on.
 void Engine::reloadTexts()
 {
     for (const auto& [id, screen] : screens.all())

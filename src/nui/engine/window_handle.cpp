@@ -159,8 +159,8 @@ void WindowHandle::noteEvent(std::uint8_t windowEvent)
 {
     switch (windowEvent) {
     case SDL_WINDOWEVENT_HIDDEN:
-        // Window systems also hide what is minimised, or whose owner is. No event takes the mark of
-        // being hidden back, so it is for what was asked for.
+        // Window systems also hide what is minimised, or whose owner is, and show it again. Only
+        // show() takes `hidden` back, so that is left to what hide() has asked for.
         (askedToHide_ ? hidden : minimized) = true;
         break;
     case SDL_WINDOWEVENT_MINIMIZED:

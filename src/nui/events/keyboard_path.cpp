@@ -38,8 +38,8 @@ void KeyboardPath::handleKey(const SDL_KeyboardEvent& key)
     if (!screen)
         return;
     const bool down = key.type == SDL_KEYDOWN;
-    // SDL's own releases, when a window loses the keyboard, do not get here: that window has gone,
-    // or is disabled, or the events were dropped.
+    // SDL's own releases, when a window loses the keyboard to a modal one or has gone, do not get
+    // here: it is disabled by then, or not known.
     if (!down)
         std::erase_if(heldKeys_, [&](const HeldKey& held) { return held.code == key.keysym.sym; });
     if (const WidgetPtr widget = target(screen)) {

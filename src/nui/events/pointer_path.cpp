@@ -271,4 +271,11 @@ void PointerPath::refreshButtons()
     down_ = buttonsDown() != 0;
 }
 
+void PointerPath::letGo()
+{
+    endPress();
+    setCaptured(nullptr);
+    refreshButtons();
+}
+
 } // namespace nui

@@ -35,6 +35,8 @@ public:
     void forgetTree(const Widget& root);
     /// Asks SDL whether a button is down; for steps whose events did not tell.
     void refreshButtons();
+    /// Ends a press and a capture whose release will not be told.
+    void letGo();
 
     [[nodiscard]] const WidgetPtr& pressed() const { return pressed_; }
     [[nodiscard]] const WidgetPtr& hover() const { return hover_; }

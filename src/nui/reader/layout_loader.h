@@ -46,7 +46,7 @@ public:
     /// when the object names nothing that can be built.
     WidgetPtr build(NuiReader& reader, Widget* parent);
     /// Whether something of so many levels, counted with itself, may stand where the reader is.
-    /// Else the reader's object is told to be too deep.
+    /// Otherwise a fault is told of the reader's object.
     [[nodiscard]] bool hasRoom(NuiReader& reader, int levels) const;
 
     /// While it lives, what is read stands one level deeper. For widgets and menus.

@@ -104,8 +104,7 @@ loaded_layout load_layout(const std::string& file, const std::optional<window_si
     if (!read && loaded.faults.empty()) {
         loaded.faults.push_back(file + ": the file cannot be read as a layout file.");
     }
-    // A faulty file may have meant one of its own that could not be read.
-    loaded.screen = pick_screen(widgets, loaded.faults.empty() ? loader.pack().widgets : widgets);
+    loaded.screen = pick_screen(widgets, loader.pack().widgets);
     if (!loaded.screen && loaded.faults.empty()) {
         loaded.faults.push_back(file + ": the file has no widget to show.");
     }

@@ -27,9 +27,8 @@ const char* const usage_text =
     "  type TEXT   key NAME [ctrl] [shift] [alt]   focus NAME   show PAGE   wait SECONDS\n"
     "  tree FILE   png FILE   quit\n"
     "\n"
-    "Exit status: 0 done, 1 a fault in the layout file or the script, 2 wrong options. What there "
-    "is\n"
-    "of a faulty layout file is written all the same.\n";
+    "Exit status: 0 done, 1 a fault in the layout file or the script, 2 wrong options.\n"
+    "What there is of a faulty layout file is written all the same.\n";
 
 namespace {
 
